@@ -1,0 +1,44 @@
+// The port through which operations speak to the user: boxes, questions and file choices.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace dorvane {
+
+enum class BoxIcon { None, Exclamation, Question };
+
+// A Yes/No box.
+struct Question {
+  std::string text;
+  std::string caption;
+  BoxIcon icon = BoxIcon::Exclamation;
+  bool no_is_default = true;
+};
+
+// The common file dialog: filters as "Text|pattern|Text|pattern", patterns split at ";".
+struct FileRequest {
+  std::string file_name;
+  std::string filter;
+  bool several = false;
+};
+
+// Everything here is modal: a call returns when the user has answered.
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+  // Plain box with one OK button.
+  virtual void Message(std::string_view text) = 0;
+  // The message dialog of the program's own (frmDialogMessage) with one OK button.
+  virtual void CaptionedMessage(std::string_view caption, std::string_view text) = 0;
+  // True for Yes. Closing the box is No.
+  virtual bool AskYesNo(const Question& question) = 0;
+  // Whole paths in the order of the selection; none after Cancel.
+  virtual std::vector<std::string> ChooseFilesToOpen(const FileRequest& request) = 0;
+  // Whole path with its extension; nothing after Cancel.
+  virtual std::optional<std::string> ChooseFileToSave(const FileRequest& request) = 0;
+};
+
+}  // namespace dorvane

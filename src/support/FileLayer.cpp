@@ -1,0 +1,172 @@
+#include "support/FileLayer.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+
+#include "support/Fault.h"
+
+namespace dorvane {
+namespace {
+
+constexpr unsigned kPermissionBits = 07777;
+
+[[noreturn]] void ThrowErrno() {
+  switch (errno) {
+    case ENOENT:
+    case ENOTDIR:
+      throw Fault(FaultCode::FileNotFound);
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      throw Fault(FaultCode::PermissionDenied);
+    default:
+      throw Fault(FaultCode::FileFailed);
+  }
+}
+
+std::string TemporaryBeside(const std::string& path) {
+  const auto slash = path.rfind('/');
+  const std::size_t name_at = slash == std::string::npos ? 0 : slash + 1;
+  return path.substr(0, name_at) + "." + path.substr(name_at) + ".saving";
+}
+
+// Closes on every way out; a failing close counts only where the caller asks for it.
+class OpenFile {
+ public:
+  OpenFile(FileLayer& files, int file) : files_(files), file_(file) {}
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+  ~OpenFile() {
+    if (file_ < 0) return;
+    try {
+      files_.Close(file_);
+    } catch (const Fault&) {  // the failure that brought us here is the one to report
+    }
+  }
+  int Get() const { return file_; }
+  void Close() {
+    const int file = file_;
+    file_ = -1;
+    files_.Close(file);
+  }
+
+ private:
+  FileLayer& files_;
+  int file_;
+};
+
+}  // namespace
+
+std::optional<FileInfo> SystemFileLayer::Info(const std::string& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0) {
+    if (errno == ENOENT || errno == ENOTDIR) return std::nullopt;
+    ThrowErrno();
+  }
+  FileInfo info;
+  info.permissions = status.st_mode & kPermissionBits;
+  info.size = static_cast<std::size_t>(status.st_size);
+  info.regular = S_ISREG(status.st_mode);
+  char* real = realpath(path.c_str(), nullptr);
+  if (real == nullptr) ThrowErrno();
+  info.real_path = real;
+  std::free(real);
+  return info;
+}
+
+int SystemFileLayer::OpenForReading(const std::string& path) {
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (file < 0) ThrowErrno();
+  return file;
+}
+
+int SystemFileLayer::Create(const std::string& path, unsigned permissions) {
+  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666);
+  if (file < 0) ThrowErrno();
+  if (permissions != 0 && fchmod(file, permissions) != 0) {
+    const int error = errno;
+    close(file);
+    errno = error;
+    ThrowErrno();
+  }
+  return file;
+}
+
+std::size_t SystemFileLayer::Read(int file, std::span<std::byte> out) {
+  for (;;) {
+    const ssize_t got = read(file, out.data(), out.size());
+    if (got >= 0) return static_cast<std::size_t>(got);
+    if (errno != EINTR) ThrowErrno();
+  }
+}
+
+void SystemFileLayer::Write(int file, std::span<const std::byte> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t put = write(file, bytes.data(), bytes.size());
+    if (put < 0) {
+      if (errno == EINTR) continue;
+      ThrowErrno();
+    }
+    bytes = bytes.subspan(static_cast<std::size_t>(put));
+  }
+}
+
+void SystemFileLayer::Flush(int file) {
+  if (fsync(file) != 0 && errno != EINVAL) ThrowErrno();
+}
+
+void SystemFileLayer::Close(int file) {
+  if (close(file) != 0 && errno != EINTR) ThrowErrno();
+}
+
+void SystemFileLayer::Rename(const std::string& from, const std::string& to) {
+  if (rename(from.c_str(), to.c_str()) != 0) ThrowErrno();
+}
+
+void SystemFileLayer::Remove(const std::string& path) {
+  if (unlink(path.c_str()) != 0) ThrowErrno();
+}
+
+ByteVector ReadFile(FileLayer& files, const std::string& path, std::size_t limit) {
+  const auto info = files.Info(path);
+  if (!info) throw Fault(FaultCode::FileNotFound);
+  if (!info->regular || info->size > limit) throw Fault(FaultCode::FileFailed);
+  OpenFile file(files, files.OpenForReading(path));
+  ByteVector bytes(info->size);
+  std::size_t filled = 0;
+  while (filled < bytes.size()) {
+    const std::size_t got = files.Read(file.Get(), std::span(bytes).subspan(filled));
+    if (got == 0) break;
+    filled += got;
+  }
+  bytes.resize(filled);
+  file.Close();
+  return bytes;
+}
+
+void ReplaceFile(FileLayer& files, const std::string& path, std::span<const std::byte> bytes) {
+  const auto info = files.Info(path);
+  if (info && !info->regular) throw Fault(FaultCode::FileFailed);
+  const std::string target = info ? info->real_path : path;
+  const std::string temporary = TemporaryBeside(target);
+  OpenFile file(files, files.Create(temporary, info ? info->permissions : 0));
+  try {
+    files.Write(file.Get(), bytes);
+    files.Flush(file.Get());
+    file.Close();
+    files.Rename(temporary, target);
+  } catch (const Fault&) {
+    try {
+      files.Remove(temporary);
+    } catch (const Fault&) {  // the next save takes it over
+    }
+    throw;
+  }
+}
+
+}  // namespace dorvane

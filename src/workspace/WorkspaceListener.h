@@ -1,0 +1,46 @@
+// What the list, the tables and the view tell their listeners: at once, and in the order in which it happens.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace dorvane {
+
+struct PeakRec;
+
+// Every call has an empty body, so that a listener overrides what it shows.
+class WorkspaceListener {
+ public:
+  virtual ~WorkspaceListener() = default;
+
+  // The list.
+  virtual void SelectorFilled() {}                              // Add_cboGraphSel
+  virtual void SelectorRowSelected(int /*WinNo*/, int /*GrpNo*/) {}
+  virtual void CheckBoxesFilled() {}                            // all of chkGrp anew
+  virtual void SelectionListFilled() {}                         // GraphSel_Repl
+  virtual void SelectionRowCleared(int /*GrpNo*/) {}            // GraphSel_Delete
+  virtual void SpectrumShown(int /*WinNo*/, int /*DataNo*/) {}  // SetGraph: counts, colour
+  virtual void SpectrumRemoved(int /*WinNo*/, int /*DataNo*/) {}
+  virtual void GraphShown(int /*WinNo*/, int /*DataNo*/, bool /*shown*/) {}
+
+  // Marks.
+  virtual void PeakMarked(int /*WinNo*/, int /*DataNo*/, const PeakRec&) {}
+  virtual void PeakUnmarked(int /*WinNo*/, int /*DataNo*/, const PeakRec&) {}
+  virtual void PeakLinesCleared(int /*WinNo*/) {}
+  virtual void PointMarksCleared(int /*WinNo*/, int /*DataNo*/) {}  // own colours and text marks
+
+  // The view.
+  virtual void WindowCleared(int /*WinNo*/) {}
+  virtual void RedrawWanted(int /*WinNo*/) {}
+  virtual void WindowActivated(int /*WinNo*/) {}
+  virtual void UnitAxisChanged() {}
+  virtual void CountScaleChanged(int /*WinNo*/) {}
+  virtual void RangeChanged() {}       // StartCh, SpanCh
+  virtual void CursorMoved() {}        // cursor and area cursor
+  virtual void CalibrationShown() {}   // SetEGCParam
+  virtual void CaptionChanged() {}
+  virtual void PointerChanged() {}
+  virtual void DataTypeShown() {}      // cursor read-outs by DataType
+};
+
+}  // namespace dorvane
