@@ -43,6 +43,8 @@ class ByteWriter {
   void Float64(double value);
   void Text(std::string_view bytes);
   void Int32s(std::span<const std::int32_t> values);
+  // Zero bytes up to `position`; throws Fault(Subscript) when the image is longer already.
+  void PadTo(std::size_t position);
   const ByteVector& Bytes() const { return bytes_; }
   ByteVector Take() { return std::move(bytes_); }
 

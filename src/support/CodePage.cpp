@@ -17,13 +17,24 @@ namespace {
 constexpr char32_t kUnknown = 0xFFFD;
 
 bool IsAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-bool IsLead(unsigned char byte) { return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC); }
+// NEC's selection of the IBM extensions: read, but written by their IBM codes (0xFA40 and up), as
+// the code page's own system does.
+bool IsReadOnly(std::uint16_t code) {
+  return (code >> 8) == 0xED || (code >> 8) == 0xEE;
+}
+
+bool IsLead(unsigned char byte) {
+  return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
+}
 
 void AppendUtf8(std::string& out, char32_t c) {
-  const auto put = [&out](char32_t byte) { out += static_cast<char>(static_cast<unsigned char>(byte)); };
+  const auto put = [&out](char32_t byte) {
+    out += static_cast<char>(static_cast<unsigned char>(byte));
+  };
   if (c < 0x80) {
     put(c);
   } else if (c < 0x800) {
@@ -45,13 +56,19 @@ void AppendUtf8(std::string& out, char32_t c) {
 char32_t NextUtf8(std::string_view& text) {
   const auto byte = [&text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   const unsigned char lead = byte(0);
-  const std::size_t length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC2 ? 2 : 0;
+  const std::size_t length = lead < 0x80    ? 1
+                             : lead >= 0xF0 ? 4
+                             : lead >= 0xE0 ? 3
+                             : lead >= 0xC2 ? 2
+                                            : 0;
   char32_t c = length == 1 ? lead : lead & (0x7Fu >> length);
   bool whole = length > 0 && length <= text.size();
   for (std::size_t i = 1; whole && i < length; ++i) {
     whole = (byte(i) & 0xC0) == 0x80;
     c = (c << 6) | (byte(i) & 0x3F);
   }
+  constexpr std::array<char32_t, 5> kSmallest{0, 0, 0x80, 0x800, 0x10000};
+  whole = whole && c >= kSmallest[length];  // an overlong form of a shorter character is broken
   text.remove_prefix(whole ? length : 1);
   return whole ? c : kUnknown;
 }
@@ -99,7 +116,7 @@ class Tables {
     if (from_left != 0 || to_left != out.size() - 4) return;
     const char32_t c = out[0] | (out[1] << 8) | (static_cast<char32_t>(out[2]) << 16);
     decode_[code] = c;
-    encode_.emplace(c, code);
+    if (!IsReadOnly(code)) encode_.emplace(c, code);
   }
 
   static constexpr std::uint16_t kAngstrom = 0x81F0;
@@ -131,7 +148,8 @@ std::string FromCodePage(std::string_view bytes) {
     const auto lead = static_cast<unsigned char>(bytes[i]);
     char32_t c = tables.Decode(lead);
     if (IsLead(lead) && i + 1 < bytes.size()) {
-      c = tables.Decode(static_cast<std::uint16_t>((lead << 8) | static_cast<unsigned char>(bytes[i + 1])));
+      c = tables.Decode(
+          static_cast<std::uint16_t>((lead << 8) | static_cast<unsigned char>(bytes[i + 1])));
       if (c != kUnknown) ++i;
     }
     AppendUtf8(utf8, c);
@@ -142,7 +160,8 @@ std::string FromCodePage(std::string_view bytes) {
 std::string CutCodePage(std::string_view bytes, std::size_t size) {
   std::size_t end = 0;
   while (end < bytes.size()) {
-    const std::size_t step = IsLead(static_cast<unsigned char>(bytes[end])) && end + 1 < bytes.size() ? 2 : 1;
+    const std::size_t step =
+        IsLead(static_cast<unsigned char>(bytes[end])) && end + 1 < bytes.size() ? 2 : 1;
     if (end + step > size) break;
     end += step;
   }

@@ -14,6 +14,8 @@ namespace dorvane {
 namespace {
 
 constexpr unsigned kPermissionBits = 07777;
+// Of a temporary, without its additions: file systems end at 255 bytes.
+constexpr std::size_t kLongestName = 240;
 
 [[noreturn]] void ThrowErrno() {
   switch (errno) {
@@ -32,7 +34,7 @@ constexpr unsigned kPermissionBits = 07777;
 std::string TemporaryBeside(const std::string& path) {
   const auto slash = path.rfind('/');
   const std::size_t name_at = slash == std::string::npos ? 0 : slash + 1;
-  return path.substr(0, name_at) + "." + path.substr(name_at) + ".saving";
+  return path.substr(0, name_at) + "." + path.substr(name_at, kLongestName) + ".saving";
 }
 
 // Closes on every way out; a failing close counts only where the caller asks for it.
@@ -72,6 +74,7 @@ std::optional<FileInfo> SystemFileLayer::Info(const std::string& path) {
   info.permissions = status.st_mode & kPermissionBits;
   info.size = static_cast<std::size_t>(status.st_size);
   info.regular = S_ISREG(status.st_mode);
+  info.writable = access(path.c_str(), W_OK) == 0;
   char* real = realpath(path.c_str(), nullptr);
   if (real == nullptr) ThrowErrno();
   info.real_path = real;
@@ -149,24 +152,48 @@ ByteVector ReadFile(FileLayer& files, const std::string& path, std::size_t limit
   return bytes;
 }
 
-void ReplaceFile(FileLayer& files, const std::string& path, std::span<const std::byte> bytes) {
+FileReplacement::FileReplacement(FileLayer& files, const std::string& path) : files_(files) {
   const auto info = files.Info(path);
   if (info && !info->regular) throw Fault(FaultCode::FileFailed);
-  const std::string target = info ? info->real_path : path;
-  const std::string temporary = TemporaryBeside(target);
-  OpenFile file(files, files.Create(temporary, info ? info->permissions : 0));
+  if (info && !info->writable) throw Fault(FaultCode::PermissionDenied);
+  target_ = info ? info->real_path : path;
+  temporary_ = TemporaryBeside(target_);
+  file_ = files.Create(temporary_, info ? info->permissions : 0);
+}
+
+FileReplacement::~FileReplacement() {
+  if (pending_) Discard();
+}
+
+void FileReplacement::Commit(std::span<const std::byte> bytes) {
   try {
-    files.Write(file.Get(), bytes);
-    files.Flush(file.Get());
-    file.Close();
-    files.Rename(temporary, target);
+    files_.Write(file_, bytes);
+    files_.Flush(file_);
+    const int file = file_;
+    file_ = -1;
+    files_.Close(file);
+    files_.Rename(temporary_, target_);
+    pending_ = false;
   } catch (const Fault&) {
-    try {
-      files.Remove(temporary);
-    } catch (const Fault&) {  // the next save takes it over
-    }
+    Discard();
     throw;
   }
+}
+
+void FileReplacement::Discard() {
+  pending_ = false;
+  try {
+    if (file_ >= 0) files_.Close(file_);
+  } catch (const Fault&) {  // the failure that brought us here is the one to report
+  }
+  try {
+    files_.Remove(temporary_);
+  } catch (const Fault&) {  // the next save takes it over
+  }
+}
+
+void ReplaceFile(FileLayer& files, const std::string& path, std::span<const std::byte> bytes) {
+  FileReplacement(files, path).Commit(bytes);
 }
 
 }  // namespace dorvane

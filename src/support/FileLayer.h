@@ -1,5 +1,6 @@
-// The thin file layer: every byte that the program reads or writes on disk passes these few calls, so that tests can
-// make any of them fail; and the two whole-file operations that all readers and writers use.
+// The thin file layer: every byte that the program reads or writes on disk passes these few calls,
+// so that tests can make any of them fail; and the two whole-file operations that all readers and
+// writers use.
 #pragma once
 
 #include <optional>
@@ -15,9 +16,11 @@ struct FileInfo {
   unsigned permissions = 0;
   std::size_t size = 0;
   bool regular = true;
+  bool writable = true;
 };
 
-// Every call throws a Fault (FileNotFound, PermissionDenied, FileFailed) when it fails. Paths are UTF-8.
+// Every call throws a Fault (FileNotFound, PermissionDenied, FileFailed) when it fails. Paths are
+// UTF-8.
 class FileLayer {
  public:
   virtual ~FileLayer() = default;
@@ -50,12 +53,37 @@ class SystemFileLayer : public FileLayer {
 
 inline constexpr std::size_t kLargestFile = 64u << 20;
 
-// The whole content. Throws Fault(FileFailed) for what is no regular file or larger than `limit` bytes.
+// The whole content. Throws Fault(FileFailed) for what is no regular file or larger than `limit`
+// bytes.
 ByteVector ReadFile(FileLayer& files, const std::string& path, std::size_t limit = kLargestFile);
 
-// Replaces the content in one step: a temporary beside the file is written, flushed and renamed, so that a failure or a
-// crash at any moment leaves the old file or the new one whole. Permissions are kept and links followed. A temporary
-// that a crash has left is taken over by the next call for the same file.
+// Replaces the content of a file in one step: a temporary beside the file is written, flushed and
+// renamed, so that a failure or a crash at any moment leaves the old file or the new one whole.
+// Permissions are kept and links followed; a file that may not be written is refused. A temporary
+// that a crash has left is taken over by the next replacement.
+class FileReplacement {
+ public:
+  // Opens the temporary. Throws a Fault when that fails.
+  FileReplacement(FileLayer& files, const std::string& path);
+  FileReplacement(const FileReplacement&) = delete;
+  FileReplacement& operator=(const FileReplacement&) = delete;
+  // Without a Commit the file stays as it was.
+  ~FileReplacement();
+
+  // Makes `bytes` the content of the file; called once. After a Fault the file is as it was.
+  void Commit(std::span<const std::byte> bytes);
+
+ private:
+  void Discard();
+
+  FileLayer& files_;
+  std::string target_;
+  std::string temporary_;
+  int file_ = -1;
+  bool pending_ = true;
+};
+
+// A FileReplacement opened and committed at once.
 void ReplaceFile(FileLayer& files, const std::string& path, std::span<const std::byte> bytes);
 
 }  // namespace dorvane

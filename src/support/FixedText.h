@@ -1,6 +1,8 @@
-// Text of a fixed number of bytes in code page 932, blank-padded: a text field of a record, kept as it is on file.
+// Text of a fixed number of bytes in code page 932, blank-padded: a text field of a record, kept as
+// it is on file.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
@@ -18,18 +20,22 @@ class FixedText {
   explicit FixedText(std::string_view utf8) { Set(utf8); }
 
   // Converts, cuts at a character's border, fills with blanks.
-  void Set(std::string_view utf8) {
-    const std::string cut = CutCodePage(ToCodePage(utf8), Size);
+  void Set(std::string_view utf8) { SetBytes(ToCodePage(utf8)); }
+
+  // The same for text that is in the code page already.
+  void SetBytes(std::string_view bytes) {
+    const std::string cut = CutCodePage(bytes, Size);
     std::copy(cut.begin(), cut.end(), bytes_.begin());
   }
 
-  // UTF-8 without the blanks (and NULs) at the end, and without leading blanks.
-  std::string Text() const {
+  // UTF-8 of TrimmedBytes.
+  std::string Text() const { return FromCodePage(TrimmedBytes()); }
+
+  // Without the blanks (and NULs) at the end, and without leading blanks.
+  std::string_view TrimmedBytes() const {
     std::string_view view = Bytes();
-    const auto last = view.find_last_not_of(std::string_view(" \0", 2));
-    view = last == std::string_view::npos ? std::string_view() : view.substr(0, last + 1);
-    const auto first = view.find_first_not_of(' ');
-    return FromCodePage(first == std::string_view::npos ? view : view.substr(first));
+    view = view.substr(0, view.find_last_not_of(std::string_view(" \0", 2)) + 1);
+    return view.substr(std::min(view.find_first_not_of(' '), view.size()));
   }
 
   std::string_view Bytes() const { return {bytes_.data(), Size}; }

@@ -4,7 +4,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 
 #include "support/Fault.h"
 #include "support/Rounding.h"
@@ -23,8 +22,9 @@ struct Digits {
 Digits DigitsOf(double magnitude) {
   if (magnitude == 0.0) return {};
   std::array<char, 40> text;
-  std::snprintf(text.data(), text.size(), "%.*e", kSignificantDigits - 1, magnitude);
-  const std::string_view view(text.data());
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), magnitude,
+                                 std::chars_format::scientific, kSignificantDigits - 1);
+  const std::string_view view(text.data(), static_cast<std::size_t>(end.ptr - text.data()));
   const auto exponent_at = view.find('e');
   Digits result;
   for (const char c : view.substr(0, exponent_at)) {
@@ -66,7 +66,8 @@ bool AllZeros(const std::string& digits) {
   return std::all_of(digits.begin(), digits.end(), [](char c) { return c == '0'; });
 }
 
-// A picture taken apart. Shown digits: `integer_min` before the point, fraction between min and max behind it.
+// A picture taken apart. Shown digits: `integer_min` before the point, fraction between min and max
+// behind it.
 struct Parts {
   std::string prefix;
   std::string suffix;
@@ -118,7 +119,8 @@ Parts PartsOf(std::string_view picture) {
 std::string IntegerText(const Digits& number, const Parts& parts) {
   std::string text;
   for (int i = 0; i < number.point; ++i) {
-    text += i < static_cast<int>(number.digits.size()) ? number.digits[static_cast<std::size_t>(i)] : '0';
+    text += i < static_cast<int>(number.digits.size()) ? number.digits[static_cast<std::size_t>(i)]
+                                                       : '0';
   }
   if (static_cast<int>(text.size()) < parts.integer_min) {
     text.insert(0, static_cast<std::size_t>(parts.integer_min) - text.size(), '0');
@@ -146,7 +148,8 @@ std::string Compose(const Digits& number, const Parts& parts) {
   return text;
 }
 
-// Mantissa and exponent: the mantissa has as many digits before the point as the picture has places.
+// Mantissa and exponent: the mantissa has as many digits before the point as the picture has
+// places.
 std::string ComposeExponent(Digits number, const Parts& parts) {
   int exponent = 0;
   if (!number.digits.empty()) {
@@ -198,16 +201,19 @@ std::string PictureRight(double value, std::string_view picture, int width) {
 }
 
 std::string PlainNumber(double value) {
+  if (std::isnan(value)) return "NaN";
+  if (std::isinf(value)) return value < 0 ? "-Inf" : "Inf";
+  if (value == 0) return "0";
   std::array<char, 40> text;
-  for (int digits = 1; digits <= kSignificantDigits; ++digits) {
-    std::snprintf(text.data(), text.size(), "%.*G", digits, value);
-    double back = 0;
-    const std::string_view view(text.data());
-    const auto [end, error] = std::from_chars(view.data(), view.data() + view.size(), back);
-    if (error == std::errc() && back == value) break;
-  }
-  const std::string result(text.data());
-  return result == "-0" ? "0" : result;
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                 std::chars_format::general, kSignificantDigits);
+  std::string result(text.data(), end.ptr);
+  const auto exponent_at = result.find('e');
+  if (exponent_at == std::string::npos) return result;
+  result[exponent_at] = 'E';
+  const auto digits_at = exponent_at + 2;
+  result.erase(digits_at, result.find_first_not_of('0', digits_at) - digits_at);
+  return result;
 }
 
 std::optional<double> ParseNumber(std::string_view text) {
@@ -225,7 +231,8 @@ std::optional<double> ParseNumber(std::string_view text) {
   std::array<char, 401> copy;
   std::copy(text.begin(), text.end(), copy.begin());
   char* const last = copy.data() + text.size();
-  std::replace_if(copy.data(), last, [](char c) { return c == 'd' || c == 'D'; }, 'e');
+  std::replace_if(
+      copy.data(), last, [](char c) { return c == 'd' || c == 'D'; }, 'e');
   double value = 0;
   const auto [end, error] = std::from_chars(copy.data(), last, value);
   if (end != last) return std::nullopt;
@@ -245,8 +252,12 @@ double NumberOf(std::string_view text) {
   return *value;
 }
 
-std::int16_t Int16Of(std::string_view text) { return RoundToInt16(NumberOf(text)); }
-std::int32_t Int32Of(std::string_view text) { return RoundToInt32(NumberOf(text)); }
+std::int16_t Int16Of(std::string_view text) {
+  return RoundToInt16(NumberOf(text));
+}
+std::int32_t Int32Of(std::string_view text) {
+  return RoundToInt32(NumberOf(text));
+}
 
 std::string_view Trim(std::string_view text) {
   constexpr std::string_view kBlanks = " \t\r\n";

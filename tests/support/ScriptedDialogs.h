@@ -1,0 +1,89 @@
+// Dialogs that follow a script: every box must be expected, in order, and every expected one must
+// come.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "support/Dialogs.h"
+
+namespace dorvane {
+
+class ScriptedDialogs : public Dialogs {
+ public:
+  ~ScriptedDialogs() override {
+    for (const Step& step : script_) ADD_FAILURE() << "never shown: " << step.text;
+  }
+
+  void ExpectMessage(std::string text) { script_.push_back({.text = std::move(text)}); }
+  void ExpectCaptionedMessage(std::string caption, std::string text) {
+    script_.push_back({.text = std::move(text), .caption = std::move(caption)});
+  }
+  void ExpectQuestion(std::string text, bool yes) {
+    script_.push_back({.kind = Kind::Question, .text = std::move(text), .yes = yes});
+  }
+  void ExpectOpen(std::vector<std::string> answer) {
+    script_.push_back({.kind = Kind::Open, .text = "open", .paths = std::move(answer)});
+  }
+  void ExpectSave(std::optional<std::string> answer) {
+    script_.push_back({.kind = Kind::Save, .text = "save", .path = std::move(answer)});
+  }
+
+  bool Done() const { return script_.empty(); }
+  const Question& LastQuestion() const { return last_question_; }
+  const FileRequest& LastRequest() const { return last_request_; }
+
+  void Message(std::string_view text) override { EXPECT_EQ(Next(Kind::Message, text).text, text); }
+  void CaptionedMessage(std::string_view caption, std::string_view text) override {
+    const Step step = Next(Kind::Message, text);
+    EXPECT_EQ(step.caption, caption);
+    EXPECT_EQ(step.text, text);
+  }
+  bool AskYesNo(const Question& question) override {
+    last_question_ = question;
+    const Step step = Next(Kind::Question, question.text);
+    EXPECT_EQ(step.text, question.text);
+    return step.yes;
+  }
+  std::vector<std::string> ChooseFilesToOpen(const FileRequest& request) override {
+    last_request_ = request;
+    return Next(Kind::Open, request.filter).paths;
+  }
+  std::optional<std::string> ChooseFileToSave(const FileRequest& request) override {
+    last_request_ = request;
+    return Next(Kind::Save, request.file_name).path;
+  }
+
+ private:
+  enum class Kind { Message, Question, Open, Save };
+  struct Step {
+    Kind kind = Kind::Message;
+    std::string text = {};
+    std::string caption = {};
+    bool yes = false;
+    std::vector<std::string> paths = {};
+    std::optional<std::string> path = {};
+  };
+
+  Step Next(Kind kind, std::string_view shown) {
+    if (script_.empty() || script_.front().kind != kind) {
+      ADD_FAILURE() << "not expected: " << shown;
+      return {};
+    }
+    Step step = std::move(script_.front());
+    script_.pop_front();
+    return step;
+  }
+
+  std::deque<Step> script_;
+  Question last_question_;
+  FileRequest last_request_;
+};
+
+}  // namespace dorvane
