@@ -31,6 +31,8 @@ struct AnalysisSettings {
 };
 
 // The defaults of AnalysisSettings.
-inline void SetDefaultParams(AnalysisSettings& settings) { settings = AnalysisSettings{}; }
+inline void SetDefaultParams(AnalysisSettings& settings) {
+  settings = AnalysisSettings{};
+}
 
 }  // namespace dorvane

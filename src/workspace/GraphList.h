@@ -1,4 +1,5 @@
-// The list of graphs: rows are taken, moved, filled and removed here, by the numbers GrpNo and DataNo.
+// The list of graphs: rows are taken, moved, filled and removed here, by the numbers GrpNo and
+// DataNo.
 #pragma once
 
 #include <array>
@@ -22,20 +23,23 @@ struct GraphList {
 
 // Kind of a graph by its title.
 enum class GraphKind { Raw, Smooth, BackGraund, BackRemv, Fit };
-// Raw for any title that is none of the four keywords, the empty one included; exact and case-sensitive.
+// Raw for any title that is none of the four keywords, the empty one included; exact and
+// case-sensitive.
 GraphKind KindOf(std::string_view title);
 // "RAW", "SMT", "BAK", "RMD" or "FIT".
 const char* SuffixOf(GraphKind kind);
 
-// DataNo of a row; GrpNo -1 means the current row. Faults (Subscript) for other numbers outside 0..9.
+// DataNo of a row; GrpNo -1 means the current row. Faults (Subscript) for other numbers outside
+// 0..9.
 std::int16_t GetGraphDataNo(const GraphList& list, int grp_no);
 
 // The lowest free DataNo. With take = -1 it is taken and GrpCount rises; otherwise nothing changes.
 // None free: the message "GetGraphSpace: Notting Space!" and -1.
 std::int16_t GetGraphSpace(const GraphList& list, int take);
 
-// Moves the rows from GrpNo on by one place, towards the end for dir > 0, else towards the head. Returns -1, or 0 after
-// one of the messages "ShiftGraph: Data Notting!", "ShiftGraph: List Over!", "ShiftGraph: List Under!".
+// Moves the rows from GrpNo on by one place, towards the end for dir > 0, else towards the head.
+// Returns -1, or 0 after one of the messages "ShiftGraph: Data Notting!", "ShiftGraph: List Over!",
+// "ShiftGraph: List Under!".
 std::int16_t ShiftGraph(const GraphList& list, int grp_no, int dir);
 
 // Opens row 0 and takes a DataNo for it; -1 when there is no room (a message has been shown).
@@ -44,8 +48,8 @@ std::int16_t InsertGraph(const GraphList& list);
 // Fills a row and shows it. An empty title keeps the old one.
 void SetGraph(const GraphList& list, int win_no, int grp_no, int data_no, std::string_view title);
 
-// Removes the graph, but not its row; asks first while any row is unsaved. Always -1, also when nothing happened.
-// GrpNo >= 10 or an empty list: nothing.
+// Removes the graph, but not its row; asks first while any row is unsaved. Always -1, also when
+// nothing happened. GrpNo >= 10 or an empty list: nothing.
 std::int16_t ClearGrp(const GraphList& list, int grp_no);
 
 // Removes the graph and closes the gap.
@@ -72,7 +76,8 @@ void Add_cboGraphSel(const GraphList& list);
 void Change_cboGrphSel(const GraphList& list, int win_no, int grp_no);
 void ChgValue_chkGrp(const GraphList& list, int win_no, int grp_no, bool value);
 
-// Makes a window active: current row and spectrum, captions, unit axis. An area cursor of another window is cleared.
+// Makes a window active: current row and spectrum, captions, unit axis. An area cursor of another
+// window is cleared.
 void ChangeActiveWin(const GraphList& list, int win_no);
 
 // First row with that title in list order, -1 when none.

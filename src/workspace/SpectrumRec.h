@@ -43,13 +43,13 @@ struct MeasProp {
   double RealTime = 0;  // s
   double LiveTime = 0;  // s
   std::int16_t Flags = 0;
-  double PressX = 0, PressY = 0, PressZ = 0, PressTZ = 0;                // mm, degrees
-  double HGonioX = 0, HGonioY = 0, HGonioZ = 0, HGonioRes = 0;           // mm
-  double VGonioX = 0, VGonioY = 0, VGonioZ = 0, VGonioDAngle = 0;        // mm, degrees
-  double Load = 0;        // ton
-  double RamStroke = 0;   // mm
-  double Power = 0;       // W
-  double Registance = 0;  // milliohm
+  double PressX = 0, PressY = 0, PressZ = 0, PressTZ = 0;          // mm, degrees
+  double HGonioX = 0, HGonioY = 0, HGonioZ = 0, HGonioRes = 0;     // mm
+  double VGonioX = 0, VGonioY = 0, VGonioZ = 0, VGonioDAngle = 0;  // mm, degrees
+  double Load = 0;                                                 // ton
+  double RamStroke = 0;                                            // mm
+  double Power = 0;                                                // W
+  double Registance = 0;                                           // milliohm
   double NpdVal1 = 0, NpdVal2 = 0;
   double InV = 0, InH = 0, InX = 0, InZ = 0, InTY = 0;  // incident slit, mm
   double ReV = 0, ReH = 0, ReX = 0, ReZ = 0, ReTY = 0;  // receiving slit, mm

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "support/Fixed.h"
+#include "support/Rounding.h"
 #include "workspace/Workspace.h"
 
 namespace dorvane {
@@ -20,14 +21,24 @@ constexpr std::int16_t kPointerHourglass = 11;
 
 constexpr std::int16_t kNoEnd = -1;
 
+// Whether the four buttons of tlbrOperation that depend on the fit can be pressed.
+struct OperationButtons {
+  bool AutoFit = true;
+  bool AllFit = true;
+  bool ManFit = false;
+  bool MkDel = false;
+
+  friend bool operator==(const OperationButtons&, const OperationButtons&) = default;
+};
+
 struct ViewState {
-  std::int16_t CurWin = 0;   // active window
-  std::int16_t GraphNo = 0;  // current row
-  std::int16_t DataNo = 0;   // its spectrum
+  std::int16_t CurWin = 0;                           // active window
+  std::int16_t GraphNo = 0;                          // current row
+  std::int16_t DataNo = 0;                           // its spectrum
   Fixed<std::int16_t, 0, kWindows - 1> SelectedRow;  // list index of cboGrphSel; -1 none
 
-  double StartCh = 0;     // first channel shown
-  double SpanCh = 4096;   // channels shown
+  double StartCh = 0;    // first channel shown
+  double SpanCh = 4096;  // channels shown
   std::int16_t DispUnit = 0;
   std::int16_t CursorCh = 0;  // the value of inumCursorCh
   double CursorExact = 0;     // the same with the fraction of a peak that it jumped to
@@ -38,18 +49,24 @@ struct ViewState {
 
   std::int16_t WinStyle = kLineUp;
   std::int16_t WinStyleOld = kLineUp;
-  std::int16_t PileUpOn = kFalse;  // chkWinStyle
-  std::int16_t ExpandOn = kFalse;  // ckbExpand
+  std::int16_t PileUpOn = kFalse;                 // chkWinStyle
+  std::int16_t ExpandOn = kFalse;                 // ckbExpand
   Fixed<std::int16_t, 0, kWindows - 1> FilePile;  // chkFilePile
 
-  std::int16_t LogScale = kFalse;  // ckbLogScale
-  std::int16_t AutoScale = kTrue;  // ckbVtAuto
+  std::int16_t LogScale = kFalse;   // ckbLogScale
+  std::int16_t AutoScale = kTrue;   // ckbVtAuto
   std::int32_t HeightY = 10000000;  // stored height of itxtScaleY
 
-  std::int16_t FitMade = kFalse;   // a fit has been done since the last open
+  OperationButtons Buttons;
+  std::int16_t FitMade = kFalse;  // a fit has been done since the last open
   std::int16_t Pointer = kPointerNormal;
-  std::string Caption;             // of the main window
-  std::string CloseGraphCaption;   // of mnuCloseGraph
+  std::string Caption;            // of the main window
+  std::string CloseGraphCaption;  // of mnuCloseGraph
 };
+
+// A new open starts with the buttons as they are at first.
+inline void tlbOperationInit(ViewState& view) {
+  view.Buttons = OperationButtons{};
+}
 
 }  // namespace dorvane

@@ -1,5 +1,5 @@
-// The store of everything that is open: the list of graphs, the stored spectra behind it, and the tables that all
-// operations address by number.
+// The store of everything that is open: the list of graphs, the stored spectra behind it, and the
+// tables that all operations address by number.
 #pragma once
 
 #include <cstdint>
@@ -45,7 +45,8 @@ struct GraphSlot {
 
 using ColorTable = Fixed<Color, 0, kColors - 1>;
 
-// Linear 2-theta scale of an angle-dispersive spectrum: DacAngleSlope * index + DacAngleOffset degrees.
+// Linear 2-theta scale of an angle-dispersive spectrum: DacAngleSlope * index + DacAngleOffset
+// degrees.
 struct DacAngles {
   double DacAngleSlope = 0;
   double DacAngleOffset = 0;
@@ -59,9 +60,9 @@ struct Workspace {
   Fixed<PeakTable, 0, kSpectra - 1> Peaks;
   RoiTable Regions;
 
-  std::int16_t GrpCount = 0;                            // rows in use
-  Fixed<std::int16_t, 0, kFreeSpectra - 1> DataUse;     // -1 taken, 0 free, by DataNo
-  std::int16_t MaxCh = 4096;                            // largest channel count read so far; never lowered
+  std::int16_t GrpCount = 0;                         // rows in use
+  Fixed<std::int16_t, 0, kFreeSpectra - 1> DataUse;  // -1 taken, 0 free, by DataNo
+  std::int16_t MaxCh = 4096;  // largest channel count read so far; never lowered
   ColorTable ColorTbl;
   std::string CurDrive;  // of the last file; empty where a system has no drives
   std::string CurDir;    // of the last file, with its closing slash

@@ -1,4 +1,5 @@
-// What the list, the tables and the view tell their listeners: at once, and in the order in which it happens.
+// What the list, the tables and the view tell their listeners: at once, and in the order in which
+// it happens.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +15,7 @@ class WorkspaceListener {
   virtual ~WorkspaceListener() = default;
 
   // The list.
-  virtual void SelectorFilled() {}                              // Add_cboGraphSel
+  virtual void SelectorFilled() {}  // Add_cboGraphSel
   virtual void SelectorRowSelected(int /*WinNo*/, int /*GrpNo*/) {}
   virtual void CheckBoxesFilled() {}                            // all of chkGrp anew
   virtual void SelectionListFilled() {}                         // GraphSel_Repl
@@ -35,12 +36,12 @@ class WorkspaceListener {
   virtual void WindowActivated(int /*WinNo*/) {}
   virtual void UnitAxisChanged() {}
   virtual void CountScaleChanged(int /*WinNo*/) {}
-  virtual void RangeChanged() {}       // StartCh, SpanCh
-  virtual void CursorMoved() {}        // cursor and area cursor
-  virtual void CalibrationShown() {}   // SetEGCParam
+  virtual void RangeChanged() {}      // StartCh, SpanCh
+  virtual void CursorMoved() {}       // cursor and area cursor
+  virtual void CalibrationShown() {}  // SetEGCParam
   virtual void CaptionChanged() {}
   virtual void PointerChanged() {}
-  virtual void DataTypeShown() {}      // cursor read-outs by DataType
+  virtual void DataTypeShown() {}  // cursor read-outs by DataType
 };
 
 }  // namespace dorvane

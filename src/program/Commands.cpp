@@ -1,0 +1,145 @@
+#include "program/Commands.h"
+
+#include <array>
+#include <exception>
+
+#include "program/Cursor.h"
+#include "program/DerivedGraphs.h"
+#include "program/OpenSave.h"
+#include "program/PeakFit.h"
+#include "program/View.h"
+
+namespace dorvane {
+namespace {
+
+void Open(Program& program) {
+  LoadData(program);
+}
+void CloseGraph(Program& program) {
+  DeleteGraph(program.List(), program.view.GraphNo);
+}
+void Fit(Program& program) {
+  FitPeak(program, GetRealWinNo(program.List()));
+}
+void JumpLeft(Program& program) {
+  PeakJump(program, 0);
+}
+void JumpRight(Program& program) {
+  PeakJump(program, 1);
+}
+void CursorLeft(Program& program) {
+  spnCursor_SpinUpDown(program, "-");
+}
+void CursorRight(Program& program) {
+  spnCursor_SpinUpDown(program, "+");
+}
+
+void SelectKind(Program& program, GraphKind kind) {
+  const int row = LastRowOfKind(program.workspace, kind);
+  if (row >= 0) Change_cboGrphSel(program.List(), program.view.CurWin, row);
+}
+void SelectRaw(Program& program) {
+  SelectKind(program, GraphKind::Raw);
+}
+void SelectSmooth(Program& program) {
+  SelectKind(program, GraphKind::Smooth);
+}
+void SelectBackGraund(Program& program) {
+  SelectKind(program, GraphKind::BackGraund);
+}
+void SelectBackRemv(Program& program) {
+  SelectKind(program, GraphKind::BackRemv);
+}
+void SelectFit(Program& program) {
+  SelectKind(program, GraphKind::Fit);
+}
+
+void SetDrawModes(Program& program, std::int16_t mode) {
+  for (std::int16_t view = 0; view < kWindows; ++view) {
+    program.spect.SetDrawMode(view, mode);
+    program.Listener().RedrawWanted(view);
+  }
+}
+void DrawLines(Program& program) {
+  SetDrawModes(program, 0);
+}
+void DrawPaint(Program& program) {
+  SetDrawModes(program, 1);
+}
+void DrawDots(Program& program) {
+  SetDrawModes(program, 2);
+}
+
+void ToggleLogScale(Program& program) {
+  SetLogScale(program, program.view.LogScale == kFalse);
+}
+void ToggleAutoScale(Program& program) {
+  SetAutoScale(program, program.view.AutoScale == kFalse);
+}
+
+constexpr std::array kCommands{
+    Command{"LoadData", "mnuLoad", Open},
+    Command{"SaveData", "mnuSave", FileSave},
+    Command{"mnuCloseGraph", "", CloseGraph},
+    Command{"Smooth", "mnuSmooth", SmoothGraph},
+    Command{"BackGround", "mnuBackGround", BackGroundGraph},
+    Command{"AllFit", "mnuFittingAll", AllFit},
+    Command{"Fit", "mnuFitting", Fit},
+    Command{"MkIns", "mnuPeakIns", InsertPeaksAtCursor},
+    Command{"All", "mnuPeakAllIns", InsertAllPeaks},
+    Command{"MkDel", "mnuPeakDelete", AskAndDeletePeaks},
+    Command{"mnuPeakAllDelete", "", DeletePeaks},
+    Command{"JmpLeft", "mnuPeakJumpB", JumpLeft},
+    Command{"JmpRight", "mnuPeakJumpN", JumpRight},
+    Command{"CursorLeft", "", CursorLeft},
+    Command{"CursorRight", "", CursorRight},
+    Command{"mnuTaller", "", mnuTaller},
+    Command{"mnuShoter", "", mnuShoter},
+    Command{"mnuNarrower", "", cmdNarrower},
+    Command{"mnuWider", "", cmdWider},
+    Command{"mnuLogarithmic", "", ToggleLogScale},
+    Command{"mnuAutomatic", "", ToggleAutoScale},
+    Command{"mnuLine", "", DrawLines},
+    Command{"mnuPaint", "", DrawPaint},
+    Command{"mnuDot", "", DrawDots},
+    Command{"mnuGraphRaw", "", SelectRaw},
+    Command{"mnuGraphSmt", "", SelectSmooth},
+    Command{"mnuGraphBack", "", SelectBackGraund},
+    Command{"mnuGraphBackRemoved", "", SelectBackRemv},
+    Command{"mnuGraphFit", "", SelectFit},
+};
+
+}  // namespace
+
+std::span<const Command> Commands() {
+  return kCommands;
+}
+
+const Command* FindCommand(std::string_view name) {
+  for (const Command& command : kCommands) {
+    if (command.key == name || (!command.menu.empty() && command.menu == name)) return &command;
+  }
+  return nullptr;
+}
+
+bool RunCommand(Program& program, std::string_view name) {
+  const Command* command = FindCommand(name);
+  return command == nullptr || RunGuarded(program, command->run);
+}
+
+bool RunGuarded(Program& program, void (*run)(Program&)) {
+  try {
+    run(program);
+    return true;
+  } catch (const std::exception& fault) {
+    program.ports.dialogs.Message(fault.what());
+    return false;
+  }
+}
+
+void AllFit(Program& program) {
+  SetFullRange(program);
+  FitPeak(program, GetRealWinNo(program.List()));
+}
+
+}  // namespace dorvane

@@ -1,0 +1,94 @@
+#include "program/DerivedGraphs.h"
+
+#include <algorithm>
+
+#include "processing/BackGraund.h"
+#include "processing/Calc.h"
+#include "support/Rounding.h"
+
+namespace dorvane {
+namespace {
+
+// A reused row 0 can be the source itself; then there is nothing to copy.
+void CopyToDestination(Workspace& workspace, int source, int destination, std::int16_t flag) {
+  if (source != destination) CopySpectrum(workspace, source, destination);
+  std::int16_t& flags = workspace.Spectra[destination].Prop.Flags;
+  flags = ToInt16(flags | flag);
+}
+
+void SubtractBackground(Workspace& workspace, int source, int background, int difference) {
+  const auto& from = workspace.Channels[source];
+  const auto& back = workspace.Channels[background];
+  auto& to = workspace.Channels[difference];
+  to.Count = from.Count;
+  for (int i = 0; i < from.Count; ++i) {
+    const std::int64_t left = std::int64_t{from.Counts[i]} - back.Counts[i];
+    to.Counts[i] = Narrow<std::int32_t>(std::max<std::int64_t>(left, 0));
+  }
+}
+
+}  // namespace
+
+bool RowHasFlags(const Workspace& workspace, int grp_no, std::int16_t set, std::int16_t clear) {
+  const GraphSlot& slot = workspace.Slots[grp_no];
+  if (slot.State == kRowEmpty) return false;
+  const std::int16_t flags = workspace.Spectra[slot.DataNo].Prop.Flags;
+  return (flags & set) == set && (flags & clear) == 0;
+}
+
+Destination HeadDestination(const GraphList& list, bool reuse) {
+  if (reuse) return {list.workspace.Slots[0].DataNo, 0};
+  return {InsertGraph(list), 0};
+}
+
+void ShowRow(Program& program, int grp_no) {
+  const GraphList list = program.List();
+  Change_cboGrphSel(list, GetRealWinNo(list), grp_no);
+  program.Listener().CursorMoved();
+}
+
+void SmoothGraph(Program& program) {
+  Workspace& workspace = program.workspace;
+  const GraphList list = program.List();
+  const std::int16_t source = program.view.DataNo;
+  // KEPT: the source's own flag decides, and row 0 is what is replaced, whatever kind of graph that
+  // is: a curve made of a smoothed one carries the flag too.
+  const bool smoothed = (workspace.Spectra[source].Prop.Flags & FlagSmooth) != 0;
+  const Destination to = HeadDestination(list, smoothed);
+  if (to.data_no < 0) return;
+  CopyToDestination(workspace, source, to.data_no, FlagSmooth);
+  SmoothData(workspace.FitParam.SmoothKind, workspace.Channels[to.data_no].Used());
+  SetGraph(list, GetRealWinNo(list), to.row, to.data_no, kTitleSmooth);
+  ShowRow(program, to.row);
+}
+
+void BackGroundGraph(Program& program) {
+  Workspace& workspace = program.workspace;
+  const GraphList list = program.List();
+  const std::int16_t source = program.view.DataNo;
+
+  Destination back{workspace.Slots[1].DataNo, 1};
+  if (!RowHasFlags(workspace, 1, FlagBackGraund, FlagFit)) back = HeadDestination(list, false);
+  if (back.data_no < 0) return;
+  const bool reuse_difference = RowHasFlags(workspace, 0, FlagBackRemv, FlagFit);
+  const Destination difference = HeadDestination(list, reuse_difference);
+  if (difference.data_no < 0) return;
+  if (!reuse_difference) ++back.row;
+
+  CopyToDestination(workspace, source, back.data_no, FlagBackGraund);
+  ChannelBlock& background = workspace.Channels[back.data_no];
+  EstimateBackground(workspace.FitParam.BackInterval, workspace.FitParam.BackTimes,
+                     background.Counts, background.Count, program.ports.dialogs);
+  SetGraph(list, GetRealWinNo(list), back.row, back.data_no, kTitleBackGraund);
+
+  if (source != difference.data_no) {
+    workspace.Spectra[difference.data_no] = workspace.Spectra[source];
+    workspace.Peaks[difference.data_no] = workspace.Peaks[source];
+  }
+  CopyToDestination(workspace, difference.data_no, difference.data_no, FlagBackRemv);
+  SubtractBackground(workspace, source, back.data_no, difference.data_no);
+  SetGraph(list, GetRealWinNo(list), difference.row, difference.data_no, kTitleBackRemv);
+  ShowRow(program, program.view.GraphNo);
+}
+
+}  // namespace dorvane

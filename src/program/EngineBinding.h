@@ -1,0 +1,57 @@
+// Keeps the drawing engine in step with the list, the tables and the view, then passes every notice
+// on to the outside.
+#pragma once
+
+#include "display/DrawSpect.h"
+#include "workspace/ViewState.h"
+#include "workspace/Workspace.h"
+#include "workspace/WorkspaceListener.h"
+
+namespace dorvane {
+
+// The height of the engine's count scale in a view state: seven decades on the logarithmic scale,
+// whatever the data.
+std::int32_t EngineHeight(const ViewState& view);
+
+class EngineBinding : public WorkspaceListener {
+ public:
+  // All of them outlive the binding.
+  EngineBinding(const Workspace& workspace, const ViewState& view, DrawSpect& spect,
+                WorkspaceListener& outside)
+      : workspace_(workspace), view_(view), spect_(spect), outside_(outside) {}
+
+  void SelectorFilled() override;
+  void SelectorRowSelected(int WinNo, int GrpNo) override;
+  void CheckBoxesFilled() override;
+  void SelectionListFilled() override;
+  void SelectionRowCleared(int GrpNo) override;
+  void SpectrumShown(int WinNo, int DataNo) override;
+  void SpectrumRemoved(int WinNo, int DataNo) override;
+  void GraphShown(int WinNo, int DataNo, bool shown) override;
+  void PeakMarked(int WinNo, int DataNo, const PeakRec& peak) override;
+  void PeakUnmarked(int WinNo, int DataNo, const PeakRec& peak) override;
+  void PeakLinesCleared(int WinNo) override;
+  void PointMarksCleared(int WinNo, int DataNo) override;
+  void WindowCleared(int WinNo) override;
+  void RedrawWanted(int WinNo) override;
+  void WindowActivated(int WinNo) override;
+  void UnitAxisChanged() override;
+  void CountScaleChanged(int WinNo) override;
+  void RangeChanged() override;
+  void CursorMoved() override;
+  void CalibrationShown() override;
+  void CaptionChanged() override;
+  void PointerChanged() override;
+  void DataTypeShown() override;
+
+ private:
+  void ApplyScale(int win_no);
+  void ApplyRange();
+
+  const Workspace& workspace_;
+  const ViewState& view_;
+  DrawSpect& spect_;
+  WorkspaceListener& outside_;
+};
+
+}  // namespace dorvane

@@ -1,0 +1,147 @@
+#include "program/View.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "display/DrawScale.h"
+#include "support/Rounding.h"
+
+namespace dorvane {
+namespace {
+
+constexpr std::int32_t kHighest = 1000000;  // where no height covers the counts
+constexpr int kExpandScanEnd = 4095;        // last channel scanned in Expand mode
+
+void RangeSet(Program& program, double start, double span) {
+  const double max_ch = program.workspace.MaxCh;
+  program.view.SpanCh = std::clamp(RoundHalfEven(span), double{kSmallestSpan}, max_ch);
+  program.view.StartCh =
+      std::clamp(RoundHalfEven(start), 0.0, std::max(max_ch - program.view.SpanCh, 0.0));
+  program.Listener().RangeChanged();
+  program.Listener().UnitAxisChanged();
+  if (program.view.AutoScale != kFalse) {
+    AutoScaleY(program, GetRealWinNo(program.List()), program.view.DataNo);
+  }
+  for (int win_no = 0; win_no < kWindows; ++win_no) program.Listener().RedrawWanted(win_no);
+}
+
+// Index of the smallest height that is not below a value; the last one where none covers it.
+int HeightIndex(std::int32_t value) {
+  int index = 0;
+  while (index < kScaleSteps - 1 && ScaleValue(index) < value) ++index;
+  return index;
+}
+
+void StepHeight(Program& program, int step) {
+  const int index = std::clamp(HeightIndex(program.view.HeightY) + step, 0, kScaleSteps - 1);
+  program.view.AutoScale = kFalse;
+  SetYHeight(program, program.view.CurWin, ScaleValue(index), true);
+}
+
+}  // namespace
+
+void AutoScaleY(Program& program, int win_no, int data_no) {
+  const auto& block = program.workspace.Channels[data_no];
+  int first = static_cast<int>(program.view.StartCh);
+  int last = first + static_cast<int>(program.view.SpanCh) - 1;
+  if (program.view.ExpandOn != kFalse && win_no == 0) {
+    first = 0;
+    last = kExpandScanEnd;
+  }
+  last = std::min(last, kMaxChannels - 1);
+  std::int32_t largest = 0;
+  for (int i = std::max(first, 0); i <= last; ++i) largest = std::max(largest, block.Counts[i]);
+  std::int32_t height = kHighest;
+  for (int index = 0; index < kScaleSteps; ++index) {
+    if (ScaleValue(index) < largest) continue;
+    height = ScaleValue(index);
+    break;
+  }
+  SetYHeight(program, win_no, height, true);
+}
+
+void SetYHeight(Program& program, int win_no, std::int32_t height, bool redraw) {
+  program.view.HeightY = height;
+  for (int window = 0; window < kWindows; ++window) {
+    if (program.view.FilePile[window] == kFalse && window != win_no) continue;
+    program.Listener().CountScaleChanged(window);
+    if (redraw) program.Listener().RedrawWanted(window);
+  }
+}
+
+void SetStartCh(Program& program, double start) {
+  RangeSet(program, start, program.view.SpanCh);
+}
+
+void SetSpanCh(Program& program, double span) {
+  RangeSet(program, program.view.StartCh, span);
+}
+
+void ZoomAbout(Program& program, double channel, double factor) {
+  const double old_span = program.view.SpanCh;
+  const double span =
+      std::clamp(old_span * factor, double{kSmallestSpan}, double{program.workspace.MaxCh});
+  const double share = (channel - program.view.StartCh) / old_span;
+  RangeSet(program, channel - share * span, span);
+}
+
+void ShowAllChannels(Program& program) {
+  RangeSet(program, 0, program.workspace.MaxCh);
+}
+
+void cmdWider(Program& program) {
+  const double span = program.view.SpanCh;
+  if (span <= kSmallestSpan) return;
+  RangeSet(program, program.view.StartCh + span / 4, span / 2);
+}
+
+void cmdNarrower(Program& program) {
+  const double span = program.view.SpanCh;
+  if (span * 2 > program.workspace.MaxCh) return;
+  RangeSet(program, program.view.StartCh - span / 2, span * 2);
+}
+
+void mnuTaller(Program& program) {
+  StepHeight(program, -1);
+}
+void mnuShoter(Program& program) {
+  StepHeight(program, 1);
+}
+
+void SetLogScale(Program& program, bool log_scale) {
+  program.view.LogScale = log_scale ? kTrue : kFalse;
+  SetYHeight(program, program.view.CurWin, program.view.HeightY, true);
+}
+
+void SetAutoScale(Program& program, bool auto_scale) {
+  program.view.AutoScale = auto_scale ? kTrue : kFalse;
+  if (auto_scale) AutoScaleY(program, program.view.CurWin, program.view.DataNo);
+  program.Listener().CountScaleChanged(program.view.CurWin);
+}
+
+void SetDispUnit(Program& program, std::int16_t unit) {
+  program.view.DispUnit = unit;
+  program.Listener().UnitAxisChanged();
+  program.Listener().CursorMoved();
+}
+
+void FollowCursor(Program& program) {
+  const ViewState& view = program.view;
+  const double last = view.StartCh + view.SpanCh - 1;
+  const double step = std::max(RoundHalfEven(view.SpanCh / 10), 1.0);
+  if (view.CursorCh < view.StartCh) SetStartCh(program, view.CursorCh - step);
+  if (view.CursorCh > last) SetStartCh(program, view.CursorCh + step - view.SpanCh + 1);
+}
+
+void optEGC_Click(Program& program, int index) {
+  program.workspace.UseFileEgc = ToInt16(index == 0 ? 0 : 1);
+  program.Listener().CalibrationShown();
+  program.Listener().UnitAxisChanged();
+  program.Listener().CursorMoved();
+}
+
+void SetEGCParam(Program& program, int /*index*/) {
+  program.Listener().CalibrationShown();
+}
+
+}  // namespace dorvane

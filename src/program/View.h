@@ -1,0 +1,49 @@
+// What part of the spectra is shown and how high: range of channels, height, drawing mode, unit.
+#pragma once
+
+#include <cstdint>
+
+#include "program/Program.h"
+
+namespace dorvane {
+
+constexpr int kSmallestSpan = 32;
+
+// Fits the height of a window to a spectrum: the smallest of the 35 heights that covers the largest
+// count of the shown range (channels 0..4095 in Expand mode for window 0); 1000000 where none does.
+void AutoScaleY(Program& program, int win_no, int data_no);
+
+// Height of the count axis in counts; below 10 it counts decades of a logarithmic axis.
+void SetYHeight(Program& program, int win_no, std::int32_t height, bool redraw);
+
+// First channel shown, limited to 0..MaxCh less the span.
+void SetStartCh(Program& program, double start);
+
+// Channels shown, kept within 32..MaxCh; the range keeps its start where it can.
+void SetSpanCh(Program& program, double span);
+
+// Zoom by a factor about a channel that stays where it is on the screen.
+void ZoomAbout(Program& program, double channel, double factor);
+void ShowAllChannels(Program& program);
+
+// cmdWider halves the span while it is above 32 channels, cmdNarrower doubles it while MaxCh has
+// room.
+void cmdWider(Program& program);
+void cmdNarrower(Program& program);
+// mnuTaller and mnuShoter: the next lower or higher of the 35 heights, so that curves grow or
+// shrink.
+void mnuTaller(Program& program);
+void mnuShoter(Program& program);
+
+void SetLogScale(Program& program, bool log_scale);
+void SetAutoScale(Program& program, bool auto_scale);
+void SetDispUnit(Program& program, std::int16_t unit);
+// Scrolls so that the cursor is inside the shown range.
+void FollowCursor(Program& program);
+
+// 0: DefaultProp calibrates the display, 1: the spectrum's own calibration (optEGC).
+void optEGC_Click(Program& program, int index);
+// The calibration of a file becomes that of the display.
+void SetEGCParam(Program& program, int index);
+
+}  // namespace dorvane
