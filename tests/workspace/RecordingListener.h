@@ -1,0 +1,57 @@
+// A listener that writes down what it is told, one word per notice.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "workspace/PeakRec.h"
+#include "workspace/WorkspaceListener.h"
+
+namespace dorvane {
+
+class RecordingListener : public WorkspaceListener {
+ public:
+  std::vector<std::string> notices;
+
+  // How often a notice came.
+  int Count(const std::string& notice) const {
+    int count = 0;
+    for (const std::string& each : notices) count += each == notice ? 1 : 0;
+    return count;
+  }
+
+  void SelectorFilled() override { notices.push_back("selector"); }
+  void SelectorRowSelected(int win, int row) override { Put("selected", win, row); }
+  void CheckBoxesFilled() override { notices.push_back("checks"); }
+  void SelectionListFilled() override { notices.push_back("list"); }
+  void SelectionRowCleared(int row) override { Put("row cleared", row); }
+  void SpectrumShown(int win, int data) override { Put("shown", win, data); }
+  void SpectrumRemoved(int win, int data) override { Put("removed", win, data); }
+  void GraphShown(int win, int data, bool shown) override { Put(shown ? "on" : "off", win, data); }
+  void PeakMarked(int win, int data, const PeakRec&) override { Put("peak", win, data); }
+  void PeakUnmarked(int win, int data, const PeakRec&) override { Put("no peak", win, data); }
+  void PeakLinesCleared(int win) override { Put("no peak lines", win); }
+  void PointMarksCleared(int win, int data) override { Put("no point marks", win, data); }
+  void WindowCleared(int win) override { Put("cleared", win); }
+  void RedrawWanted(int win) override { Put("redraw", win); }
+  void WindowActivated(int win) override { Put("active", win); }
+  void UnitAxisChanged() override { notices.push_back("axis"); }
+  void CountScaleChanged(int win) override { Put("scale", win); }
+  void RangeChanged() override { notices.push_back("range"); }
+  void CursorMoved() override { notices.push_back("cursor"); }
+  void CalibrationShown() override { notices.push_back("calibration"); }
+  void CaptionChanged() override { notices.push_back("caption"); }
+  void PointerChanged() override { notices.push_back("pointer"); }
+  void DataTypeShown() override { notices.push_back("data type"); }
+
+ private:
+  void Put(const char* name, int number) {
+    notices.push_back(std::string(name) + " " + std::to_string(number));
+  }
+  void Put(const char* name, int number, int second) {
+    Put(name, number);
+    notices.back() += " " + std::to_string(second);
+  }
+};
+
+}  // namespace dorvane
