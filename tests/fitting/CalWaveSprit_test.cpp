@@ -95,6 +95,12 @@ TEST(PeakFind, NoiseIsTheSquaredDistanceFromTheSmoothedCounts) {
   EXPECT_NEAR(PeakFind(Reals(TwoPeaks()), 10).noise, 4.196086682095724, 1e-9);  // by Python
 }
 
+TEST(PeakFind, TwoPointsAtTheLeftAndThreeAtTheRightAreNotSmoothed) {
+  // By hand: two smoothed neighbours are 12 and -3 off, and (144 + 9) * 9 / (9 - 6) = 459.
+  EXPECT_NEAR(PeakFind(std::vector<double>{0, 35, 0, 0, 0, 0, 0, 0, 0}, 10).noise, 459, 1e-9);
+  EXPECT_NEAR(PeakFind(std::vector<double>{0, 0, 0, 0, 0, 0, 35, 0, 0}, 10).noise, 459, 1e-9);
+}
+
 TEST(PeakFind, FewerThanNinePointsHaveNoPeaks) {
   EXPECT_THAT(PeakFind(std::vector<double>{0, 0, 0, 9, 0, 0, 0, 0}, 20).peaks, IsEmpty());
   EXPECT_THAT(PeakFind({}, 20).peaks, IsEmpty());
@@ -200,6 +206,27 @@ TEST_F(PeakSearchTest, RegionCutAtTheLeftStartsTwoChannelsInAsIsMeant) {
   EXPECT_EQ(peaks[0].RegionEnd, 96);
 }
 
+TEST_F(PeakSearchTest, RegionMayStartOneChannelInButNotOnTheStartOfTheRange) {
+  // A steep right flank: width 7 and region start 75 by Python.
+  std::vector<std::int32_t> counts = Spectrum(200, {{1000, 100, 20}}, 50);
+  const std::vector<std::int32_t> steep = Spectrum(200, {{1000, 100, 3}}, 50);
+  std::copy(steep.begin() + 100, steep.end(), counts.begin() + 100);
+  ASSERT_EQ(Search(counts, 74, 100).at(0).HalfWidth, 7);
+  EXPECT_EQ(Search(counts, 74, 100).at(0).RegionStart, 75);
+  EXPECT_EQ(Search(counts, 75, 100).at(0).RegionStart, 77);
+}
+
+TEST_F(PeakSearchTest, RangeThatEndsWithinAPeakCountsItsLastPlaceAsFlank) {
+  // Position 16 of 30, and the place 30 - 7 behind it.
+  const std::vector<PeakRec> peaks = Search(TwoPeaks(), 45, 30);
+  ASSERT_THAT(peaks, SizeIs(1));
+  EXPECT_EQ(peaks[0].HalfWidth, 7);
+}
+
+TEST_F(PeakSearchTest, LowSensitivityLeavesTheSmallPeakOut) {
+  EXPECT_THAT(Search(TwoPeaks(), 0, 200, 1), SizeIs(1));  // 400 counts * 3.25 is below 1900
+}
+
 TEST_F(PeakSearchTest, RegionCutAtTheRightEndsWithTheRange) {
   const std::vector<PeakRec> peaks = Search(TwoPeaks(), 45, 50);
   ASSERT_THAT(peaks, SizeIs(1));
@@ -261,6 +288,11 @@ TEST_F(PeakSearchTest, RangeWithoutACrossingIsOnePeakAsAWhole) {
   EXPECT_EQ(peaks[0].RegionEnd, 498);
 }
 
+TEST_F(PeakSearchTest, WideRangeBeginsAtFiveHundredChannels) {
+  EXPECT_EQ(Search(std::vector<std::int32_t>(499, 7), 0, 499).at(0).RegionEnd, 498);
+  EXPECT_EQ(Search(std::vector<std::int32_t>(500, 7), 0, 500).at(0).RegionEnd, 0);
+}
+
 TEST_F(PeakSearchTest, WideRangeAsAWholeShrinksToTheFootOfTheRightFlank) {
   std::vector<std::int32_t> counts(700, 0);
   const std::int32_t bump[] = {2, 6, 10, 6, 2};
@@ -310,6 +342,14 @@ TEST(GaussSumFit, StartBelowTheLimitIsLeftAsItIs) {
   EXPECT_EQ(summary.steps, 0);
   EXPECT_EQ(summary.status, SplitStatus::Converged);
   EXPECT_THAT(p, ElementsAre(999, 30, 6));
+}
+
+TEST(GaussSumFit, SumEqualToTheLimitGoesOn) {
+  // 9 + 16 = 25; the step without a height is a fault.
+  const std::vector<double> y = {3, 4};
+  std::vector<double> p = {0, 1, 5};
+  EXPECT_EQ(GaussSumFit(y, p, 25.5).status, SplitStatus::Converged);
+  EXPECT_EQ(GaussSumFit(y, p, 25).status, SplitStatus::Faulted);
 }
 
 TEST(GaussSumFit, StepLimitIsTwentyAndKeepsTheLastParameters) {

@@ -234,6 +234,16 @@ TEST_F(PeakBorders, OverlappingRegionsMeetOneChannelRightOfTheLowestCountAsIsMea
   EXPECT_EQ(Peak(1).RegionStart, 31);
 }
 
+TEST_F(PeakBorders, ValleyMayLieJustBelowTheRightCentre) {
+  InsertRegion(20, 10, 35);
+  InsertRegion(40, 25, 50);
+  workspace_->Channels[kData].Counts.fill(100);
+  Count(39) = 5;
+  PeakFixBorders(list_, kWin, kRow, 0, 1);
+  EXPECT_EQ(Peak(0).RegionEnd, 39);
+  EXPECT_EQ(Peak(1).RegionStart, 40);
+}
+
 TEST_F(PeakBorders, FirstOfEqualValleysCounts) {
   InsertRegion(20, 10, 35);
   InsertRegion(40, 25, 50);
