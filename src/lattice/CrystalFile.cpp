@@ -10,88 +10,65 @@ namespace dorvane {
 namespace {
 
 constexpr int kFreeLines = 10;
-constexpr std::string_view kBlanks = " \t\r";
 
-// Cuts a text into its fields. Separators and quotes are no trail bytes of code page 932, so bytes
-// can be compared.
+// Cuts a text into its fields. Blanks and line ends in front of a field are skipped, so that blank
+// lines are no fields. Separators and quotes are no trail bytes of code page 932: bytes can be
+// compared.
 class FieldReader {
  public:
   explicit FieldReader(std::string_view text) : rest_(text) {}
 
   void SkipLines(int count) {
     for (int i = 0; i < count; ++i) {
-      if (rest_.empty()) throw Fault(FaultCode::EndOfFile);
-      TakeLine();
+      StartHere();
+      Take(rest_.find('\n'));
+      Take(1);
     }
   }
 
   std::string_view Text() {
-    SkipBlankLines();
-    if (rest_.empty()) throw Fault(FaultCode::EndOfFile);
-    SkipBlanks();
-    return !rest_.empty() && rest_.front() == '"' ? Quoted() : Plain();
+    Take(rest_.find_first_not_of(" \t\r\n"));
+    StartHere();
+    return rest_.front() == '"' ? Quoted() : Plain();
   }
 
   double Number() { return NumberOf(Text()); }
   std::int16_t Int16() { return Int16Of(Text()); }
 
-  // Line of the last field asked for, from 1.
-  int Line() const { return line_; }
+  // Line of the last field or of the end that was met instead, from 1.
+  int Line() const { return field_line_; }
 
  private:
+  void StartHere() {
+    field_line_ = line_;
+    if (rest_.empty()) throw Fault(FaultCode::EndOfFile);
+  }
+
+  // The next bytes, all that are left where there are fewer.
   std::string_view Take(std::size_t count) {
     const std::string_view taken = rest_.substr(0, count);
     rest_.remove_prefix(taken.size());
+    line_ += static_cast<int>(std::count(taken.begin(), taken.end(), '\n'));
     return taken;
   }
 
-  void TakeLine() {
-    Take(std::min(rest_.find('\n'), rest_.size()) + 1);
-    ++next_line_;
-    at_line_start_ = true;
-  }
-
-  void SkipBlanks() { Take(std::min(rest_.find_first_not_of(kBlanks), rest_.size())); }
-
-  void SkipBlankLines() {
-    while (at_line_start_ && !rest_.empty() && Trim(rest_.substr(0, rest_.find('\n'))).empty()) {
-      TakeLine();
-    }
-    line_ = next_line_;
-  }
-
   std::string_view Plain() {
-    const std::string_view field = Take(std::min(rest_.find_first_of(",\n"), rest_.size()));
-    TakeSeparator();
+    const std::string_view field = Take(rest_.find_first_of(",\n"));
+    Take(1);
     return Trim(field);
   }
 
   std::string_view Quoted() {
     Take(1);
-    const std::string_view field = Take(std::min(rest_.find_first_of("\"\n"), rest_.size()));
-    if (rest_.empty() || rest_.front() != '"') throw Fault(FaultCode::BadArgument);
-    Take(1);
-    SkipBlanks();
-    if (!rest_.empty() && rest_.front() != ',' && rest_.front() != '\n') {
-      throw Fault(FaultCode::BadArgument);
-    }
-    TakeSeparator();
+    const std::string_view field = Take(rest_.find_first_of("\"\n"));
+    if (Take(1) != "\"") throw Fault(FaultCode::BadArgument);
+    if (!Plain().empty()) throw Fault(FaultCode::BadArgument);
     return field;
   }
 
-  void TakeSeparator() {
-    if (!rest_.empty() && rest_.front() == ',') {
-      Take(1);
-      at_line_start_ = false;
-    } else {
-      TakeLine();
-    }
-  }
-
   std::string_view rest_;
-  int next_line_ = 1;
   int line_ = 1;
-  bool at_line_start_ = true;
+  int field_line_ = 1;
 };
 
 // Triples up to 0, 0, 0. The terminator is due after the last possible line too, so that an open

@@ -9,8 +9,8 @@
 namespace dorvane {
 
 // D(x) = (3/x^3) * integral from 0 to x of t^3/(e^t - 1) dt: 1 for x <= 0, a series up to 0.07, the
-// asymptote pi^4/(5 x^3) above 11, between them a march in steps of about 0.01, within 1e-5 of the
-// integral.
+// asymptote pi^4/(5 x^3) above 11, between them a march in steps of about 0.01 that ends up to
+// 1.4e-5/x below the integral. Faults (BadArgument, Overflow) for NaN and infinity.
 double DebyeFunc(double x);
 
 // Sodium chloride: Born-Mayer lattice with a Debye thermal term, after D. L. Decker, J. Appl. Phys.
