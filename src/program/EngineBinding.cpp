@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "display/DrawScale.h"
 #include "support/Rounding.h"
 #include "workspace/Colors.h"
 
@@ -50,7 +51,7 @@ void EngineBinding::PeakMarked(int WinNo, int DataNo, const PeakRec& peak) {
 
 void EngineBinding::PeakUnmarked(int WinNo, int DataNo, const PeakRec& peak) {
   spect_.SetPointColor(WinNo, DataNo, peak.RegionStart, peak.RegionEnd, 0);
-  const auto channels = spect_.Peaks(WinNo).Channels();
+  const auto channels = spect_.PeakLinesOf(WinNo).Channels();
   const auto found = std::find(channels.begin(), channels.end(), LineChannel(peak));
   if (found != channels.end()) {
     spect_.DeletePeakLine(WinNo, ToInt16(found - channels.begin()), kFalse);
@@ -77,6 +78,8 @@ void EngineBinding::WindowCleared(int WinNo) {
 
 void EngineBinding::CountScaleChanged(int WinNo) {
   spect_.SetYScale(WinNo, view_.LogScale != kFalse ? kLogarithmic : kLinear, EngineHeight(view_));
+  const bool log_scale = view_.LogScale != kFalse;
+  spect_.SetDivisions(WinNo, CountTicksOf(log_scale ? kLogDecades : view_.HeightY).Divisions);
   outside_.CountScaleChanged(WinNo);
 }
 

@@ -1,0 +1,154 @@
+#include "program/Commands.h"
+
+#include <gmock/gmock.h>
+
+#include <set>
+
+#include "program/DerivedGraphs.h"
+#include "program/ProgramFixture.h"
+
+namespace dorvane {
+namespace {
+
+using testing::ElementsAre;
+
+class CommandsTest : public ProgramTest {};
+
+TEST_F(CommandsTest, EveryNameStandsForOneCommand) {
+  std::set<std::string_view> names;
+  for (const Command& command : Commands()) {
+    EXPECT_TRUE(names.insert(command.key).second) << command.key;
+    if (!command.menu.empty()) EXPECT_TRUE(names.insert(command.menu).second) << command.menu;
+  }
+}
+
+TEST_F(CommandsTest, KeyAndMenuEntryRunTheSameOperation) {
+  struct Pair {
+    const char* key;
+    const char* menu;
+  };
+  for (const Pair& pair :
+       {Pair{"LoadData", "mnuLoad"}, Pair{"SaveData", "mnuSave"}, Pair{"Smooth", "mnuSmooth"},
+        Pair{"BackGround", "mnuBackGround"}, Pair{"MkIns", "mnuPeakIns"}, Pair{"Fit", "mnuFitting"},
+        Pair{"MkDel", "mnuPeakDelete"}, Pair{"JmpLeft", "mnuPeakJumpB"},
+        Pair{"JmpRight", "mnuPeakJumpN"}, Pair{"All", "mnuPeakAllIns"}}) {
+    ASSERT_NE(FindCommand(pair.key), nullptr) << pair.key;
+    EXPECT_EQ(FindCommand(pair.key), FindCommand(pair.menu)) << pair.key;
+  }
+}
+
+TEST_F(CommandsTest, AKeyThatNoRowNamesDoesNothing) {
+  EXPECT_TRUE(RunCommand(program, "smooth"));
+  EXPECT_TRUE(RunCommand(program, ""));
+  EXPECT_TRUE(listener.notices.empty() || workspace.GrpCount == 0);
+}
+
+TEST_F(CommandsTest, AFaultStopsAtTheBoundaryWithItsTextAndTheProgramGoesOn) {
+  Show(std::vector<std::int32_t>(8192, 5));
+  workspace.FitParam.BackInterval = 16;  // the last grid channel is 8192
+  dialogs.ExpectMessage("Subscript out of range");
+  EXPECT_FALSE(RunCommand(program, "BackGround"));
+  EXPECT_TRUE(RunCommand(program, "CursorRight"));
+  EXPECT_EQ(view.CursorCh, 1);
+}
+
+TEST_F(CommandsTest, TheGraphOfAKindIsTheLastRowOfThatKind) {
+  Show({0, 0, 9, 0, 0}, "a.npd");
+  Show({0, 0, 9, 0, 0}, "b.npd");
+  Change_cboGrphSel(list, 0, 0);
+  RunCommand(program, "mnuGraphRaw");
+  EXPECT_EQ(view.GraphNo, 1);
+  RunCommand(program, "mnuGraphFit");
+  EXPECT_EQ(view.GraphNo, 1);
+}
+
+TEST_F(CommandsTest, ClosingAGraphRemovesTheCurrentRow) {
+  Show({1}, "a.npd");
+  Show({1}, "b.npd");
+  Change_cboGrphSel(list, 0, 0);
+  RunCommand(program, "mnuCloseGraph");
+  EXPECT_THAT(Titles(), ElementsAre("b.npd"));
+}
+
+TEST_F(CommandsTest, DeletingAllPeaksFromTheMenuDoesNotAsk) {
+  Show({1}, "a.npd");
+  EXPECT_TRUE(RunCommand(program, "mnuPeakAllDelete"));
+}
+
+TEST_F(CommandsTest, TheDrawingModeHoldsForBothWindows) {
+  RunCommand(program, "mnuPaint");
+  EXPECT_EQ(program.spect.Scale(0).DrawMode, kDrawPaint);
+  EXPECT_EQ(program.spect.Scale(1).DrawMode, kDrawPaint);
+  RunCommand(program, "mnuDot");
+  EXPECT_EQ(program.spect.Scale(1).DrawMode, kDrawDot);
+}
+
+TEST_F(CommandsTest, TwoProgramsDoNotKnowOfEachOther) {
+  const auto other = std::make_unique<Program>(program.ports, folder.Path(""));
+  Show({0, 0, 16, 0, 0});
+  RunCommand(program, "Smooth");
+  EXPECT_EQ(other->workspace.GrpCount, 0);
+  EXPECT_EQ(other->workspace.Slots[0].State, kRowEmpty);
+}
+
+class EngineTest : public ProgramTest {};
+
+TEST_F(EngineTest, AShownSpectrumIsRegisteredInItsWindowAlone) {
+  const auto data_no = Show({1, 2, 3});
+  EXPECT_EQ(program.spect.CurveOf(0, data_no).Shown, kTrue);
+  ChgValue_chkGrp(list, 1, 0, true);
+  EXPECT_EQ(program.spect.CurveOf(0, data_no).Valid, kFalse);
+  EXPECT_EQ(program.spect.CurveOf(1, data_no).Shown, kTrue);
+}
+
+TEST_F(EngineTest, AHiddenGraphIsNotDrawn) {
+  const auto data_no = Show({1, 2, 3});
+  ChgValue_chkGrp(list, 0, 0, false);
+  EXPECT_EQ(program.spect.CurveOf(0, data_no).Shown, kFalse);
+}
+
+TEST_F(EngineTest, APeakHasALineAtItsCentreAsLongAsItIsInTheTable) {
+  Show({1, 2, 3});
+  PeakRec peak;
+  peak.Center = 100.6;
+  peak.RegionStart = 90;
+  peak.RegionEnd = 110;
+  list.listener.PeakMarked(0, 0, peak);
+  EXPECT_EQ(program.spect.PeakLinesOf(0).Count(), 1);
+  EXPECT_EQ(program.spect.PeakLinesOf(0).Entry(0), 101);
+  list.listener.PeakUnmarked(0, 0, peak);
+  EXPECT_EQ(program.spect.PeakLinesOf(0).Count(), 0);
+}
+
+TEST_F(EngineTest, EveryNoticeReachesTheOutside) {
+  listener.notices.clear();
+  WorkspaceListener& inside = program.Listener();
+  PeakRec peak;
+  inside.SelectorFilled();
+  inside.SelectorRowSelected(0, 1);
+  inside.CheckBoxesFilled();
+  inside.SelectionListFilled();
+  inside.SelectionRowCleared(1);
+  inside.SpectrumShown(0, 1);
+  inside.SpectrumRemoved(0, 1);
+  inside.GraphShown(0, 1, true);
+  inside.PeakMarked(0, 1, peak);
+  inside.PeakUnmarked(0, 1, peak);
+  inside.PeakLinesCleared(0);
+  inside.PointMarksCleared(0, 1);
+  inside.WindowCleared(0);
+  inside.RedrawWanted(0);
+  inside.WindowActivated(0);
+  inside.UnitAxisChanged();
+  inside.CountScaleChanged(0);
+  inside.RangeChanged();
+  inside.CursorMoved();
+  inside.CalibrationShown();
+  inside.CaptionChanged();
+  inside.PointerChanged();
+  inside.DataTypeShown();
+  EXPECT_EQ(listener.notices.size(), 23u);
+}
+
+}  // namespace
+}  // namespace dorvane

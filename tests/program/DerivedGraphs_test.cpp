@@ -1,0 +1,141 @@
+#include "program/DerivedGraphs.h"
+
+#include <gmock/gmock.h>
+
+#include "program/ProgramFixture.h"
+
+namespace dorvane {
+namespace {
+
+using testing::ElementsAre;
+
+class DerivedGraphsTest : public ProgramTest {};
+
+TEST_F(DerivedGraphsTest, SmoothingMakesANewGraphAtTheHeadAndSelectsIt) {
+  // given: one spike of 16; the binomial filter 1 4 6 4 1 spreads it
+  const auto raw = Show({0, 0, 0, 0, 16, 0, 0, 0, 0});
+  SmoothGraph(program);
+  EXPECT_THAT(Titles(), ElementsAre("Smooth", "a.npd"));
+  EXPECT_EQ(view.GraphNo, 0);
+  EXPECT_THAT(CountsOf(Row(0).DataNo), ElementsAre(0, 0, 1, 4, 6, 4, 1, 0, 0));
+  EXPECT_THAT(CountsOf(raw), ElementsAre(0, 0, 0, 0, 16, 0, 0, 0, 0));
+  EXPECT_EQ(Row(0).State, kRowSaved);
+}
+
+TEST_F(DerivedGraphsTest, ADerivedCurveInheritsRecordAndPeaks) {
+  const auto raw = Show({1, 2, 3, 4, 5});
+  workspace.Spectra[raw].SampName.Set("MgO");
+  workspace.Spectra[raw].Prop.EGC[1] = 0.05;
+  workspace.Peaks[raw].Count = 1;
+  workspace.Peaks[raw].Peaks[0].Center = 2;
+  SmoothGraph(program);
+  const auto smooth = Row(0).DataNo;
+  EXPECT_EQ(workspace.Spectra[smooth].SampName.Text(), "MgO");
+  EXPECT_EQ(workspace.Spectra[smooth].Prop.EGC[1], 0.05);
+  EXPECT_EQ(workspace.Peaks[smooth], workspace.Peaks[raw]);
+  EXPECT_EQ(FlagsOf(0), FlagSmooth);
+  EXPECT_EQ(FlagsOf(1), 0);
+}
+
+TEST_F(DerivedGraphsTest, SmoothingASmoothedSpectrumReplacesRowZero) {
+  Show({0, 0, 0, 0, 256, 0, 0, 0, 0});
+  SmoothGraph(program);
+  SmoothGraph(program);
+  EXPECT_THAT(Titles(), ElementsAre("Smooth", "a.npd"));
+  // the filter twice: 256/16/16 times the convolution of 1 4 6 4 1 with itself, the two channels at
+  // each end unfiltered
+  EXPECT_THAT(CountsOf(Row(0).DataNo), ElementsAre(0, 0, 28, 56, 70, 56, 28, 0, 0));
+}
+
+TEST_F(DerivedGraphsTest, SmoothingAnInheritingCurveReplacesRowZeroWhateverItIsAsMeant) {
+  Show({0, 0, 0, 0, 16, 0, 0, 0, 0});
+  SmoothGraph(program);
+  BackGroundGraph(program);  // carries the flag of the smoothed source
+  EXPECT_THAT(Titles(), ElementsAre("BackRemv", "BackGraund", "Smooth", "a.npd"));
+  SmoothGraph(program);
+  EXPECT_THAT(Titles(), ElementsAre("Smooth", "BackGraund", "Smooth", "a.npd"));
+}
+
+TEST_F(DerivedGraphsTest, SmoothingWithoutAGraphIsRefused) {
+  dialogs.ExpectMessage("ShiftGraph: Data Notting!");
+  SmoothGraph(program);
+  EXPECT_EQ(workspace.GrpCount, 0);
+}
+
+TEST_F(DerivedGraphsTest, BackgroundAndDifferenceStandAboveTheSourceWhichStaysCurrent) {
+  workspace.FitParam.BackInterval = 1;
+  workspace.FitParam.BackTimes = 1;
+  const auto raw = Show({4, 4, 10, 4, 4, 4, 4});
+  BackGroundGraph(program);
+  EXPECT_THAT(Titles(), ElementsAre("BackRemv", "BackGraund", "a.npd"));
+  EXPECT_EQ(view.GraphNo, 2);
+  EXPECT_EQ(view.DataNo, raw);
+  EXPECT_EQ(FlagsOf(0), FlagBackRemv);
+  EXPECT_EQ(FlagsOf(1), FlagBackGraund);
+}
+
+TEST_F(DerivedGraphsTest, AFlatSpectrumIsItsOwnBackground) {
+  const std::vector<std::int32_t> flat(100, 50);
+  Show(flat);
+  workspace.Channels[0].Counts[100] = 50;  // the last chord ends on it
+  BackGroundGraph(program);
+  EXPECT_EQ(CountsOf(Row(1).DataNo), flat);
+  EXPECT_EQ(CountsOf(Row(0).DataNo), std::vector<std::int32_t>(100, 0));
+}
+
+TEST_F(DerivedGraphsTest, ABackgroundAboveTheCountsLeavesNoNegativeDifference) {
+  // given: interval 2, one pass; K = floor(6/2 - 2) = 1 clips channels 2 and 4, here nothing;
+  // chords join 0, 2, 4, 6: their values at 1, 3, 5 lie above the counts 0 there
+  workspace.FitParam.BackInterval = 2;
+  workspace.FitParam.BackTimes = 1;
+  Show({8, 0, 8, 0, 8, 0});
+  workspace.Channels[0].Counts[6] = 8;
+  BackGroundGraph(program);
+  for (const std::int32_t count : CountsOf(Row(0).DataNo)) EXPECT_GE(count, 0);
+}
+
+TEST_F(DerivedGraphsTest, RunningTheBackgroundAgainReplacesBothCurves) {
+  Show(std::vector<std::int32_t>(100, 50));
+  BackGroundGraph(program);
+  const auto back = Row(1).DataNo;
+  const auto difference = Row(0).DataNo;
+  BackGroundGraph(program);
+  EXPECT_THAT(Titles(), ElementsAre("BackRemv", "BackGraund", "a.npd"));
+  EXPECT_EQ(Row(1).DataNo, back);
+  EXPECT_EQ(Row(0).DataNo, difference);
+}
+
+TEST_F(DerivedGraphsTest, ABackgroundOfAFittedRecordIsNotReused) {
+  Show(std::vector<std::int32_t>(100, 50));
+  BackGroundGraph(program);
+  workspace.Spectra[Row(0).DataNo].Prop.Flags = FlagBackRemv | FlagFit;
+  workspace.Spectra[Row(1).DataNo].Prop.Flags = FlagBackGraund | FlagFit;
+  BackGroundGraph(program);
+  EXPECT_THAT(Titles(), ElementsAre("BackRemv", "BackGraund", "BackRemv", "BackGraund", "a.npd"));
+}
+
+TEST_F(DerivedGraphsTest, AWrongIntervalIsToldAndTheCopyCountsAsBackground) {
+  workspace.FitParam.BackInterval = 0;
+  Show({1, 2, 3, 4, 5});
+  dialogs.ExpectMessage("BackGrand Interval <= 0 !");
+  BackGroundGraph(program);
+  EXPECT_THAT(CountsOf(Row(1).DataNo), ElementsAre(1, 2, 3, 4, 5));
+  EXPECT_THAT(CountsOf(Row(0).DataNo), ElementsAre(0, 0, 0, 0, 0));
+}
+
+TEST_F(DerivedGraphsTest, WithOneFreeRowTheSecondCurveIsRefused) {
+  for (int i = 0; i < 9; ++i) Show({1, 2, 3, 4, 5}, std::to_string(i));
+  dialogs.ExpectMessage("ShiftGraph: List Over!");
+  BackGroundGraph(program);
+  EXPECT_EQ(workspace.GrpCount, 10);
+  EXPECT_EQ(Row(0).State, kRowEmpty);
+}
+
+TEST_F(DerivedGraphsTest, AnIntervalThatDividesTheLastChannelCountFaults) {
+  Show(std::vector<std::int32_t>(8192, 5));
+  workspace.FitParam.BackInterval = 16;
+  EXPECT_THROW(BackGroundGraph(program), Fault);
+}
+
+}  // namespace
+}  // namespace dorvane

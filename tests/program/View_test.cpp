@@ -1,0 +1,198 @@
+#include "program/View.h"
+
+#include "program/Cursor.h"
+#include "program/ProgramFixture.h"
+
+namespace dorvane {
+namespace {
+
+class ViewTest : public ProgramTest {};
+
+TEST_F(ViewTest, TheHeightIsTheSmallestStepThatCoversTheShownRange) {
+  std::vector<std::int32_t> counts(4096, 0);
+  counts[10] = 750000;
+  counts[3000] = 31;
+  const auto data_no = Show(counts);
+  AutoScaleY(program, 0, data_no);
+  EXPECT_EQ(view.HeightY, 800000);
+  view.AutoScale = kFalse;
+  SetSpanCh(program, 1000);
+  SetStartCh(program, 2500);
+  AutoScaleY(program, 0, data_no);
+  EXPECT_EQ(view.HeightY, 40);
+}
+
+TEST_F(ViewTest, ACountThatEqualsAStepFitsIt) {
+  const auto data_no = Show({500, 0});
+  AutoScaleY(program, 0, data_no);
+  EXPECT_EQ(view.HeightY, 500);
+}
+
+TEST_F(ViewTest, CountsAboveAllStepsGetAMillion) {
+  const auto data_no = Show({900000});
+  AutoScaleY(program, 0, data_no);
+  EXPECT_EQ(view.HeightY, 1000000);
+}
+
+TEST_F(ViewTest, WiderHalvesTheSpanDownTo32Channels) {
+  SetSpanCh(program, 64);
+  cmdWider(program);
+  EXPECT_EQ(view.SpanCh, 32);
+  cmdWider(program);
+  EXPECT_EQ(view.SpanCh, 32);
+}
+
+TEST_F(ViewTest, NarrowerDoublesTheSpanWhileAllChannelsHaveRoom) {
+  SetSpanCh(program, 2048);
+  cmdNarrower(program);
+  EXPECT_EQ(view.SpanCh, 4096);
+  cmdNarrower(program);
+  EXPECT_EQ(view.SpanCh, 4096);
+}
+
+TEST_F(ViewTest, TheRangeStaysInsideTheChannels) {
+  SetSpanCh(program, 1000);
+  SetStartCh(program, 9000);
+  EXPECT_EQ(view.StartCh, 3096);
+  SetStartCh(program, -5);
+  EXPECT_EQ(view.StartCh, 0);
+  SetSpanCh(program, 1);
+  EXPECT_EQ(view.SpanCh, 32);
+}
+
+TEST_F(ViewTest, TheEngineFollowsTheRange) {
+  SetSpanCh(program, 1000);
+  SetStartCh(program, 500);
+  EXPECT_EQ(program.spect.Scale(0).StartX, 500);
+  EXPECT_EQ(program.spect.Scale(0).EndX, 1499);
+  EXPECT_EQ(program.spect.Scale(1).WidthX, 1000);
+}
+
+TEST_F(ViewTest, ZoomingKeepsTheChannelUnderThePointerInPlace) {
+  ZoomAbout(program, 1024, 0.5);
+  EXPECT_EQ(view.SpanCh, 2048);
+  EXPECT_EQ(view.StartCh, 512);  // a quarter of the picture lies left of it, before and after
+  ZoomAbout(program, 1024, 2);
+  EXPECT_EQ(view.StartCh, 0);
+  EXPECT_EQ(view.SpanCh, 4096);
+}
+
+TEST_F(ViewTest, TheLogarithmicScaleHasSevenDecadesAndKeepsTheHeight) {
+  Show({400});
+  AutoScaleY(program, 0, 0);
+  SetLogScale(program, true);
+  EXPECT_EQ(program.spect.Scale(0).YMode, kLogarithmic);
+  EXPECT_EQ(program.spect.Scale(0).MaxY, 7);
+  EXPECT_EQ(view.HeightY, 400);
+  SetLogScale(program, false);
+  EXPECT_EQ(program.spect.Scale(0).MaxY, 400);
+}
+
+TEST_F(ViewTest, TallerAndShorterWalkTheStepsAndLeaveAutoScale) {
+  Show({400});
+  AutoScaleY(program, 0, 0);
+  mnuTaller(program);
+  EXPECT_EQ(view.HeightY, 300);
+  EXPECT_EQ(view.AutoScale, kFalse);
+  mnuShoter(program);
+  mnuShoter(program);
+  EXPECT_EQ(view.HeightY, 500);
+}
+
+TEST_F(ViewTest, TheCalibrationOptionPicksTheSource) {
+  const auto data_no = Show({1});
+  workspace.Spectra[data_no].Prop.TwoTheta = 6;
+  workspace.DefaultProp.TwoTheta = 5;
+  optEGC_Click(program, 1);
+  EXPECT_EQ(CalibrationOf(workspace, data_no).TwoTheta, 6);
+  optEGC_Click(program, 0);
+  EXPECT_EQ(CalibrationOf(workspace, data_no).TwoTheta, 5);
+}
+
+class CursorTest : public ProgramTest {};
+
+TEST_F(CursorTest, PlusMovesRightUpToTheChannelCount) {
+  view.CursorCh = 4095;
+  spnCursor_SpinUpDown(program, "+");
+  EXPECT_EQ(view.CursorCh, 4096);
+  spnCursor_SpinUpDown(program, "+");
+  EXPECT_EQ(view.CursorCh, 4096);
+}
+
+TEST_F(CursorTest, MinusStopsAtZero) {
+  view.CursorCh = 1;
+  spnCursor_SpinUpDown(program, "-");
+  spnCursor_SpinUpDown(program, "-");
+  EXPECT_EQ(view.CursorCh, 0);
+}
+
+TEST_F(CursorTest, StepsAreLimitedAtBothEnds) {
+  view.CursorCh = 5;
+  spnCursor_SpinUpDown(program, "-20");
+  EXPECT_EQ(view.CursorCh, 0);
+  view.CursorCh = 4090;
+  spnCursor_SpinUpDown(program, "+20");
+  EXPECT_EQ(view.CursorCh, 4095);
+}
+
+TEST_F(CursorTest, ATypedChannelBeyondTheEndIsTheLastOne) {
+  spnCursor_SpinUpDown(program, "5000");
+  EXPECT_EQ(view.CursorCh, 4095);
+}
+
+TEST_F(CursorTest, WhatIsNoNumberMovesNothing) {
+  view.CursorCh = 7;
+  spnCursor_SpinUpDown(program, "abc");
+  spnCursor_SpinUpDown(program, "");
+  EXPECT_EQ(view.CursorCh, 7);
+}
+
+TEST_F(CursorTest, TheViewFollowsTheCursorToBothSides) {
+  SetSpanCh(program, 100);
+  CsrX_Change(program, 1000);
+  EXPECT_LE(view.StartCh, 1000);
+  EXPECT_GE(view.StartCh + view.SpanCh - 1, 1000);
+  CsrX_Change(program, 200);
+  EXPECT_LE(view.StartCh, 200);
+  EXPECT_GE(view.StartCh + view.SpanCh - 1, 200);
+}
+
+TEST_F(CursorTest, JumpsGoToTheNextPeakOnThatSide) {
+  const auto data_no = Show(std::vector<std::int32_t>(500, 1));
+  for (const double center : {100.4, 200.0, 300.0}) {
+    PeakRec& peak = workspace.Peaks[data_no].Peaks[workspace.Peaks[data_no].Count++];
+    peak.Center = center;
+    peak.HalfWidth = 4;
+  }
+  view.CursorCh = 150;
+  PeakJump(program, 1);
+  EXPECT_EQ(view.CursorCh, 200);
+  PeakJump(program, 1);
+  EXPECT_EQ(view.CursorCh, 300);
+  PeakJump(program, 1);
+  EXPECT_EQ(view.CursorCh, 300);
+  PeakJump(program, 0);
+  PeakJump(program, 0);
+  EXPECT_EQ(view.CursorCh, 100);
+  EXPECT_EQ(view.CursorExact, 100.4);
+}
+
+TEST_F(CursorTest, AJumpSetsTheAreaCursorAboutThePeak) {
+  const auto data_no = Show(std::vector<std::int32_t>(500, 1));
+  workspace.Peaks[data_no].Count = 1;
+  workspace.Peaks[data_no].Peaks[0].Center = 200;
+  workspace.Peaks[data_no].Peaks[0].HalfWidth = 4;
+  view.AreaOn = kTrue;
+  PeakJump(program, 1);
+  EXPECT_EQ(view.AreaStart, 192);
+  EXPECT_EQ(view.AreaEnd, 208);
+}
+
+TEST_F(CursorTest, TheFullRangeReachesFromZeroToTheChannelCount) {
+  SetFullRange(program);
+  EXPECT_EQ(view.AreaStart, 0);
+  EXPECT_EQ(view.AreaEnd, 4096);
+}
+
+}  // namespace
+}  // namespace dorvane
