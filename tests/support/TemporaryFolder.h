@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -27,8 +28,7 @@ class TemporaryFolder {
 
   std::string Path(const std::string& name) const { return path_ + "/" + name; }
   void Put(const std::string& name, std::string_view bytes) const {
-    SystemFileLayer files;
-    ReplaceFile(files, Path(name), AsBytes(bytes));
+    std::ofstream(Path(name), std::ios::binary) << bytes;
   }
   std::string Get(const std::string& name) const {
     SystemFileLayer files;

@@ -1,0 +1,9 @@
+// Fuzzes the reader of NPD files.
+#include <cstdlib>
+
+#include "files/ReaderProperties.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (!dorvane::NpdReaderHolds(std::as_bytes(std::span(data, size)))) std::abort();
+  return 0;
+}
