@@ -14,7 +14,7 @@ constexpr int kExpandScanEnd = 4095;        // last channel scanned in Expand mo
 
 void RangeSet(Program& program, double start, double span) {
   const double max_ch = program.workspace.MaxCh;
-  program.view.SpanCh = std::clamp(RoundHalfEven(span), double{kSmallestSpan}, max_ch);
+  program.view.SpanCh = std::clamp(RoundHalfEven(span), kSmallestSpan, max_ch);
   program.view.StartCh =
       std::clamp(RoundHalfEven(start), 0.0, std::max(max_ch - program.view.SpanCh, 0.0));
   program.Listener().RangeChanged();
@@ -80,7 +80,7 @@ void SetSpanCh(Program& program, double span) {
 void ZoomAbout(Program& program, double channel, double factor) {
   const double old_span = program.view.SpanCh;
   const double span =
-      std::clamp(old_span * factor, double{kSmallestSpan}, double{program.workspace.MaxCh});
+      std::clamp(old_span * factor, kSmallestSpan, static_cast<double>(program.workspace.MaxCh));
   const double share = (channel - program.view.StartCh) / old_span;
   RangeSet(program, channel - share * span, span);
 }

@@ -7,7 +7,7 @@
 
 namespace dorvane {
 
-constexpr int kSmallestSpan = 32;
+constexpr double kSmallestSpan = 32;  // channels
 
 // Fits the height of a window to a spectrum: the smallest of the 35 heights that covers the largest
 // count of the shown range (channels 0..4095 in Expand mode for window 0); 1000000 where none does.
