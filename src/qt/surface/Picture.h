@@ -1,0 +1,65 @@
+// Pictures without a window: a page that is painted panel by panel and written as PNG, SVG or PDF.
+// Needs no header of the toolkit.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "support/Bytes.h"
+#include "support/FileLayer.h"
+#include "support/Surface.h"
+
+namespace dorvane {
+
+// Fonts need an application object of the toolkit. Makes one without a display, whatever the
+// environment says of displays, unless there is one; it lives as long as the session. One session
+// at a time, in the main thread.
+class GuiSession {
+ public:
+  // argc and argv as main has them; they have to outlive the session.
+  GuiSession(int& argc, char** argv);
+  ~GuiSession();
+  GuiSession(const GuiSession&) = delete;
+  GuiSession& operator=(const GuiSession&) = delete;
+
+ private:
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+};
+
+// Pixels are those of scale factor 1, 96 an inch; a PNG has `scale` times as many along each side.
+struct PictureSize {
+  int width_px = 1000;
+  int height_px = 600;
+  double scale = 1;
+};
+
+class Page {
+ public:
+  virtual ~Page() = default;
+  virtual PictureSize Size() const = 0;
+  // A part of the page, in pixels of scale factor 1 from its upper left corner. It lives no longer
+  // than the page.
+  virtual std::unique_ptr<Surface> Panel(double x, double y, double width, double height) = 0;
+  std::unique_ptr<Surface> Whole() { return Panel(0, 0, Size().width_px, Size().height_px); }
+};
+
+using PaintPage = std::function<void(Page&)>;
+
+enum class PictureFormat { Png, Svg, Pdf };
+
+// By the path's extension in any case; throws Fault(BadArgument) for any other than png, svg and
+// pdf.
+PictureFormat PictureFormatOf(const std::string& path);
+
+// The complete file. The page is empty at first: transparent, and white in a PNG. Sides of 1 to
+// 20000 pixels after scaling, else Fault(BadArgument). What `paint` throws passes.
+ByteVector RenderPicture(PictureFormat format, const PictureSize& size, const PaintPage& paint);
+
+// RenderPicture into a file by its extension, replaced in one step. Throws the faults of both and
+// of ReplaceFile.
+void WritePicture(FileLayer& files, const std::string& path, const PictureSize& size,
+                  const PaintPage& paint);
+
+}  // namespace dorvane
