@@ -8,6 +8,7 @@ namespace dorvane {
 namespace {
 
 constexpr double kPi = 3.14159265358979;
+// KEPT: six digits of sqrt(3)/2, so that volumes agree with those of earlier results.
 constexpr double kHexagonalFactor = 0.866025;
 
 double Radians(double degrees) {

@@ -52,8 +52,8 @@ Lattice ReciprocalLattice(const MetricVector& metric) {
   return lattice;
 }
 
-// cos(alpha) = (cos(beta*) cos(gamma*) - cos(alpha*)) / (sin(beta*) sin(gamma*)),  a = sin(alpha*)
-// / (a* R)
+// cos(alpha) = (cos(beta*) cos(gamma*) - cos(alpha*)) / (sin(beta*) sin(gamma*))
+// a = sin(alpha*) / (a* R)
 Lattice DirectLattice(const Lattice& reciprocal, float volume_factor) {
   Lattice lattice;
   for (int i = 0; i < 3; ++i) {

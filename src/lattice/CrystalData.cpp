@@ -11,6 +11,7 @@ namespace {
 constexpr int kChoosableCrystals = 10;
 
 // First line strictly inside (d - range, d + range); -1 when there is none.
+// KEPT: a nearer line later in the list does not count; the order of the library is the tie-break.
 int FirstLineAt(const CrystalRec& crystal, double d, double range) {
   const double low = d - range;
   const double high = d + range;

@@ -8,13 +8,11 @@
 
 namespace dorvane {
 
-// What LatticeLsq answers.
+// What LatticeLsq answers. It has shown a message for the first two failures.
 constexpr std::int16_t kLsqDone = 0;
-constexpr std::int16_t kLsqTooFewLines =
-    -1;  // fewer lines in the fit than parameters; a message has been shown
-constexpr std::int16_t kLsqSingular =
-    1;  // a pivot of the normal equations vanished; a message has been shown
-constexpr std::int16_t kLsqNoCell = 2;  // the solved coefficients are no metric; no message
+constexpr std::int16_t kLsqTooFewLines = -1;  // fewer lines in the fit than parameters
+constexpr std::int16_t kLsqSingular = 1;      // a pivot of the normal equations vanished
+constexpr std::int16_t kLsqNoCell = 2;        // the solved coefficients are no metric
 
 // Clears the fit arrays and fills them with the matched lines that are not excluded, in the order
 // of the peaks of spectrum Match.CurData.

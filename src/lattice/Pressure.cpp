@@ -11,10 +11,10 @@
 namespace dorvane {
 namespace {
 
-using Keys = std::span<const std::string_view>;
 using Values = PressureScale::Values;
 
 constexpr double kZeroCelsius = 273.15;
+// KEPT: six digits of sqrt(3)/2, as in the cell volume; it cancels in V/V0.
 constexpr double kHexagonalFactor = 0.866025;
 constexpr char kPattern[] = "0.00000";
 
@@ -88,9 +88,10 @@ constexpr PressureScale kScales[] = {
      "******** Burch_m SCALE AT T=", HBNValues},
 };
 
-const PressureScale* ScaleWith(Keys PressureScale::*keys, std::string_view material) {
+const PressureScale* ScaleWith(PressureScale::Names PressureScale::*keys,
+                               std::string_view material) {
   for (const PressureScale& scale : kScales) {
-    const Keys& names = scale.*keys;
+    const PressureScale::Names& names = scale.*keys;
     if (std::find(names.begin(), names.end(), material) != names.end()) return &scale;
   }
   return nullptr;

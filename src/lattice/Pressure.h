@@ -32,12 +32,13 @@ struct PressInput {
   std::int16_t UnitIndex = 0;  // 0 degrees Celsius, else kelvin
 };
 
-// One row of the table of scales.
+// One row of the table of scales. Names are compared as they are spelled.
 struct PressureScale {
-  const char* Name;  // what the scale is, for reports
-  std::span<const std::string_view>
-      Keys;  // sample names that are calculated, compared as they are spelled
-  std::span<const std::string_view> LogKeys;  // sample names that get a heading in the log
+  using Names = std::span<const std::string_view>;
+
+  const char* Name;     // what the scale is, for reports
+  Names Keys;           // sample names that are calculated
+  Names LogKeys;        // sample names that get a heading in the log
   bool InCelsius;       // temperature as it is passed: degrees Celsius or kelvin
   const char* Banner;   // first record of the log, nullptr for none
   const char* Heading;  // second record, in front of the temperature; nullptr for none

@@ -70,7 +70,7 @@ TEST_F(MatchPeaksTest, TheRangeExcludesBothItsEnds) {
   EXPECT_EQ(Line(0).H, 2);
 }
 
-TEST_F(MatchPeaksTest, TheFirstLineInRangeWinsOverANearerOne) {
+TEST_F(MatchPeaksTest, TheFirstLineInRangeIsMeantToWinOverANearerOne) {
   AddLine(Crystal(), 1, 0, 0, 2.02);
   AddLine(Crystal(), 2, 0, 0, 2.0);
   AddPeak(2.0);

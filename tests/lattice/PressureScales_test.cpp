@@ -65,6 +65,11 @@ TEST(SodiumChloride, FollowsItsModelInTemperatureAndCompression) {
   EXPECT_NEAR(PressNaCl(1.0, 1073), 2.25030412, 2e-4);
 }
 
+// Decimal numbers of 60 digits, an independent computation; an exact third gives 20.15701961663.
+TEST(SodiumChloride, ExponentIsMeantToBeADecimalNumber) {
+  EXPECT_NEAR(PressNaCl(0.7, 300), 20.15701961625287, 2e-11);
+}
+
 TEST(SodiumChloride, BadArgumentsFault) {
   EXPECT_THROW(PressNaCl(0, 300), Fault);
   EXPECT_THROW(PressNaCl(-0.5, 300), Fault);
