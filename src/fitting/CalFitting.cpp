@@ -24,26 +24,8 @@ constexpr std::string_view kManyRejectedTrials =
 constexpr std::string_view kManyOuterRounds =
     "(warning) CFDQR2: 外側ループが100回を超えた。計算打ち切り";
 
-constexpr int kMostNegativeTrials = 100;
-constexpr int kMostRejectedTrials = 500;
-constexpr int kMostOuterRounds = 100;
 constexpr double kLargestProductFactorial = 50;
 constexpr double kPi = 3.14159265358979;
-
-// `sum` with ln(y!) added: by the product up to 50, by Stirling's series above. Counts of 1 or less
-// add nothing.
-double AddLogFactorial(double sum, double y) {
-  if (y <= 1) return sum;
-  if (y > kLargestProductFactorial) {
-    return sum + (y + 0.5) * std::log(y) + 0.5 * std::log(2 * kPi) - y + 1 / (12 * y);
-  }
-  double t = y;
-  do {
-    sum += std::log(t);
-    t -= 1;
-  } while (t > 1);
-  return sum;
-}
 
 // The m by m products of the columns of `a` and `b`, known to be symmetric.
 void SymmetricProduct(const FitMatrix& a, const FitMatrix& b, std::size_t n, std::size_t m,
@@ -72,8 +54,15 @@ bool IsLineShape(std::int16_t mode) {
 class PoissonFit {
  public:
   PoissonFit(std::span<const double> x, std::span<const double> y, LineShape shape, Coefficients& c,
-             int m)
-      : x_(x), y_(y), n_(x.size()), shape_(shape), m_(static_cast<std::size_t>(m)), c_(c), ct_(c) {}
+             int m, const FitLimits& limits)
+      : x_(x),
+        y_(y),
+        n_(x.size()),
+        shape_(shape),
+        m_(static_cast<std::size_t>(m)),
+        limits_(limits),
+        c_(c),
+        ct_(c) {}
 
   FitSummary Run();
 
@@ -96,6 +85,7 @@ class PoissonFit {
   std::size_t n_;
   LineShape shape_;
   std::size_t m_;
+  FitLimits limits_;
   Coefficients& c_;
   FitSummary summary_;
 
@@ -129,7 +119,7 @@ FitSummary PoissonFit::Run() {
   while (goes_on) {
     ++summary_.outer_rounds;
     goes_on = Linearise() && ImproveLikelihood();
-    if (goes_on && summary_.outer_rounds > kMostOuterRounds) {
+    if (goes_on && summary_.outer_rounds > limits_.outer_rounds) {
       goes_on = End(kFitLimitReached, kManyOuterRounds);
     }
   }
@@ -248,11 +238,8 @@ bool PoissonFit::EstimateErrors() {
   std::array<double, FitMatrix::kColumns> sums;
   for (std::size_t j = 0; j < m_; ++j) {
     double* const t = q_.Column(j);
-    FillColumn(t, n_, [&, this](std::size_t i) {
-      double sum = 0;
-      for (std::size_t k = 0; k < m_; ++k) sum += gradient_.Column(k)[i] * information_[j][k];
-      return sum * sum;
-    });
+    CombineColumns(gradient_, m_, information_[j].data(), n_, t);
+    FillColumn(t, n_, [=](std::size_t i) { return t[i] * t[i]; });
     squares[j] = {t, f_.data()};
   }
   InnerProducts(std::span(squares).first(m_), n_, sums);
@@ -283,8 +270,8 @@ bool PoissonFit::ImproveLikelihood() {
     bool not_positive = false;
     const double log_l = PoissonLogL(y_, Values(), not_positive);
     if (not_positive) {
-      damping_ = MaxVal(2 * damping_, critical_damping_);
-      if (inner > kMostNegativeTrials) return End(kFitLimitReached, kManyNegativeTrials);
+      damping_ = Finite(MaxVal(2 * damping_, critical_damping_));
+      if (inner > limits_.not_positive_trials) return End(kFitLimitReached, kManyNegativeTrials);
       continue;
     }
     if (!EstimateErrors()) return false;
@@ -296,9 +283,9 @@ bool PoissonFit::ImproveLikelihood() {
     const double ratio = Divide(change, predicted_);
     if (ratio < 0) {
       const double factor = MaxVal(2, MinVal(2 - ratio, 10));
-      damping_ = factor * damping_;
+      damping_ = Finite(factor * damping_);
       if (damping_ == 0) damping_ = factor * critical_damping_ * 0.5;
-      if (inner > kMostRejectedTrials) return End(kFitLimitReached, kManyRejectedTrials);
+      if (inner > limits_.rejected_trials) return End(kFitLimitReached, kManyRejectedTrials);
       continue;
     }
     if (ratio >= 0.75) {
@@ -332,6 +319,19 @@ void MakeStartingValues(Coefficients& c, double highest, int position, double fi
 
 }  // namespace
 
+double AddLogFactorial(double sum, double y) {
+  if (y <= 1) return sum;
+  if (y > kLargestProductFactorial) {
+    return sum + (y + 0.5) * std::log(y) + 0.5 * std::log(2 * kPi) - y + 1 / (12 * y);
+  }
+  double t = y;
+  do {
+    sum += std::log(t);
+    t -= 1;
+  } while (t > 1);
+  return sum;
+}
+
 double PoissonLogL(std::span<const double> y, std::span<const double> f, bool& flag) {
   flag = false;
   double sum = 0;
@@ -346,7 +346,7 @@ double PoissonLogL(std::span<const double> y, std::span<const double> f, bool& f
 }
 
 FitSummary CFDQR2(std::span<const double> x, std::span<const double> y, std::int16_t mode,
-                  Coefficients& c, int m) {
+                  Coefficients& c, int m, const FitLimits& limits) {
   FitSummary summary;
   summary.status = kFitRefused;
   if (x.size() != y.size()) throw Fault(FaultCode::BadArgument);
@@ -359,7 +359,7 @@ FitSummary CFDQR2(std::span<const double> x, std::span<const double> y, std::int
     summary.message = kStartRefused;
     return summary;
   }
-  return PoissonFit(x, y, static_cast<LineShape>(mode), c, m).Run();
+  return PoissonFit(x, y, static_cast<LineShape>(mode), c, m, limits).Run();
 }
 
 FitSummary CurveFit(std::span<const double> x, std::span<const double> y, std::int16_t mode, int m,

@@ -22,6 +22,13 @@ inline constexpr std::int16_t kFitRefused =
 // The text that the caller shows in a box when a fit ends with `trace_zero`.
 inline constexpr std::string_view kTraceZeroText = "trace value =Zero";
 
+// Rounds after which a fit gives up: it ends with the first round beyond.
+struct FitLimits {
+  int outer_rounds = 100;
+  int not_positive_trials = 100;  // trials of an outer round, when one gives a model of 0 or less
+  int rejected_trials = 500;      // trials of an outer round, when one lowers the likelihood
+};
+
 struct FitSummary {
   std::int16_t status = kFitEnded;
   std::string_view
@@ -31,6 +38,11 @@ struct FitSummary {
   int outer_rounds = 0;     // linearisations
   int trials = 0;           // damped steps tried, in all outer rounds
 };
+
+// `sum` with ln(y!) added, for a count y of any size that needn't be whole: nothing up to 1, the
+// product y (y - 1) ... down to above 1 for y <= 50, and Stirling's series with one correction term
+// above.
+double AddLogFactorial(double sum, double y);
 
 // Sum of y ln(f) - f over the points: the logarithm of the Poisson likelihood of counts y under
 // model values f, without its factorial term. A model value of 0 or less sets `flag` and gives 0.
@@ -56,7 +68,7 @@ double PoissonLogL(std::span<const double> y, std::span<const double> f, bool& f
 // does not depend; an overflow outside of the line shape. `c` then holds the last accepted values,
 // too.
 FitSummary CFDQR2(std::span<const double> x, std::span<const double> y, std::int16_t mode,
-                  Coefficients& c, int m);
+                  Coefficients& c, int m, const FitLimits& limits = {});
 
 // CFDQR2 for x = 1..n, with starting values of its own where c1 is 0 or negative and a half width
 // of 10 in place of a negative one; a centre that has left 1..n is put to n / 2 afterwards. Faults

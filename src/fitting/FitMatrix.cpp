@@ -11,20 +11,68 @@ namespace {
 
 constexpr double kLeastRemainingLength = 1e-10;
 
+// One sum alone waits for its own additions; up to four side by side fill the time.
 constexpr std::size_t kSideBySide = 4;
 
-// One sum alone waits for its own additions; four at once fill the time.
-void SumSideBySide(const std::array<ColumnPair, kSideBySide>& pairs, std::size_t rows,
-                   std::array<double, kSideBySide>& sums) {
-  const auto [p0, p1, p2, p3] = pairs;
-  double sum0 = 0, sum1 = 0, sum2 = 0, sum3 = 0;
-  for (std::size_t i = 0; i < rows; ++i) {
-    sum0 += p0.a[i] * p0.b[i];
-    sum1 += p1.a[i] * p1.b[i];
-    sum2 += p2.a[i] * p2.b[i];
-    sum3 += p3.a[i] * p3.b[i];
+// Calls work(first, sequence) for blocks of up to four out of `count` columns; the sequence 0, 1,
+// ... has as many numbers as the block has columns.
+template <typename Work>
+void InBlocks(std::size_t count, Work work) {
+  std::size_t first = 0;
+  for (; first + kSideBySide <= count; first += kSideBySide) {
+    work(first, std::make_index_sequence<kSideBySide>{});
   }
-  sums = {sum0, sum1, sum2, sum3};
+  if (count - first == 3) work(first, std::make_index_sequence<3>{});
+  if (count - first == 2) work(first, std::make_index_sequence<2>{});
+  if (count - first == 1) work(first, std::make_index_sequence<1>{});
+}
+
+template <std::size_t... W>
+void SumSideBySide(const ColumnPair* pairs, std::size_t rows, double* sums,
+                   std::index_sequence<W...>) {
+  const double* const a[] = {pairs[W].a...};
+  const double* const b[] = {pairs[W].b...};
+  double sum[sizeof...(W)] = {};
+  for (std::size_t i = 0; i < rows; ++i) ((sum[W] += a[W][i] * b[W][i]), ...);
+  ((sums[W] = sum[W]), ...);
+}
+
+// Takes the projections off the columns and sums the squares of what is left.
+template <std::size_t... W>
+void TakeOff(const double* unit, std::size_t rows, double* const* columns, const double* products,
+             double* squares, std::index_sequence<W...>) {
+  double* const q[] = {columns[W]...};
+  const double p[] = {products[W]...};
+  double sum[sizeof...(W)] = {};
+  for (std::size_t i = 0; i < rows; ++i) {
+    const double u = unit[i];
+    const double left[] = {(q[W][i] - p[W] * u)...};
+    ((sum[W] += left[W] * left[W]), ...);
+    ((q[W][i] = left[W]), ...);
+  }
+  ((squares[W] = sum[W]), ...);
+}
+
+// The next column of the factorisation.
+struct Choice {
+  std::size_t place;  // in the order of the pivots
+  double length;      // what is left of the column
+  double ratio;       // of that to the column's first length
+};
+
+// Out of the places k..m-1. In the first round the lengths themselves are compared, and noted as
+// the first ones.
+Choice ChoosePivot(std::size_t k, std::size_t m, const Pivots& pivots,
+                   const std::array<double, FitMatrix::kColumns>& squares,
+                   std::array<double, FitMatrix::kColumns>& first_length) {
+  Choice best = {k, 0, 0};
+  for (std::size_t j = k; j < m; ++j) {
+    const double length = std::sqrt(squares[j]);
+    const double ratio = Divide(length, first_length[pivots[j]]);
+    if (k == 0) first_length[pivots[j]] = length;
+    if (k == m - 1 || best.ratio < ratio) best = {j, length, ratio};
+  }
+  return best;
 }
 
 // Where the pivot of one elimination step was found.
@@ -87,59 +135,60 @@ void UndoExchanges(SquareMatrix& a, std::span<const PivotPlace> places) {
 }  // namespace
 
 void InnerProducts(std::span<const ColumnPair> pairs, std::size_t rows, std::span<double> sums) {
-  for (std::size_t done = 0; done < pairs.size(); done += kSideBySide) {
-    const std::size_t count = std::min(kSideBySide, pairs.size() - done);
-    std::array<ColumnPair, kSideBySide> block;
-    std::array<double, kSideBySide> block_sums;
-    for (std::size_t w = 0; w < kSideBySide; ++w) block[w] = pairs[done + std::min(w, count - 1)];
-    SumSideBySide(block, rows, block_sums);
-    std::copy_n(block_sums.begin(), count, sums.begin() + static_cast<std::ptrdiff_t>(done));
-  }
+  InBlocks(pairs.size(), [&](std::size_t first, auto block) {
+    SumSideBySide(&pairs[first], rows, &sums[first], block);
+  });
+}
+
+void CombineColumns(const FitMatrix& columns, std::size_t m, const double* factors,
+                    std::size_t rows, double* out) {
+  std::fill_n(out, rows, 0.0);
+  InBlocks(
+      m, [&]<std::size_t... W>(std::size_t first, std::index_sequence<W...>) {
+        const double* const q[] = {columns.Column(first + W)...};
+        const double factor[] = {factors[first + W]...};
+        for (std::size_t i = 0; i < rows; ++i) {
+          double sum = out[i];
+          ((sum += q[W][i] * factor[W]), ...);
+          out[i] = sum;
+        }
+      });
 }
 
 std::size_t GramSchmidtQR(FitMatrix& q, std::size_t rows, std::size_t m, SquareMatrix& r,
                           Pivots& pivots) {
-  std::array<double, FitMatrix::kColumns> first_length, sums;
+  std::array<double, FitMatrix::kColumns> first_length, squares, products;
   std::array<ColumnPair, FitMatrix::kColumns> pairs;
+  std::array<double*, FitMatrix::kColumns> others;
   first_length.fill(1);
   for (std::size_t j = 0; j < m; ++j) {
     pivots[j] = j;
     r[j].fill(0);
+    pairs[j] = {q.Column(j), q.Column(j)};
   }
+  InnerProducts(std::span(pairs).first(m), rows, squares);
   for (std::size_t k = 0; k < m; ++k) {
-    for (std::size_t j = k; j < m; ++j) pairs[j] = {q.Column(pivots[j]), q.Column(pivots[j])};
-    InnerProducts(std::span(pairs).subspan(k, m - k), rows, std::span(sums).subspan(k));
-    double best = 0;
-    double best_length = 0;
-    std::size_t best_place = k;
-    for (std::size_t j = k; j < m; ++j) {
-      const double length = std::sqrt(sums[j]);
-      const double ratio = Divide(length, first_length[pivots[j]]);
-      if (k == 0) first_length[pivots[j]] = length;
-      if (k == m - 1 || best < ratio) {
-        best = ratio;
-        best_length = length;
-        best_place = j;
-      }
-    }
-    std::swap(pivots[k], pivots[best_place]);
-    r[k][pivots[k]] = best_length;
-    if (best <= kLeastRemainingLength) {
+    const Choice choice = ChoosePivot(k, m, pivots, squares, first_length);
+    std::swap(pivots[k], pivots[choice.place]);
+    r[k][pivots[k]] = choice.length;
+    if (choice.ratio <= kLeastRemainingLength) {
       for (std::size_t j = k; j < m; ++j) {
         for (std::size_t i = 0; i < m; ++i) r[i][pivots[j]] = 0;
       }
       return k;
     }
     double* const unit = q.Column(pivots[k]);
-    FillColumn(unit, rows, [=](std::size_t i) { return unit[i] / best_length; });
-    for (std::size_t j = k + 1; j < m; ++j) pairs[j] = {q.Column(pivots[j]), unit};
-    InnerProducts(std::span(pairs).subspan(k + 1, m - k - 1), rows, std::span(sums).subspan(k + 1));
-    for (std::size_t j = k + 1; j < m; ++j) {
-      double* const other = q.Column(pivots[j]);
-      const double product = sums[j];
-      r[k][pivots[j]] = product;
-      FillColumn(other, rows, [=](std::size_t i) { return other[i] - product * unit[i]; });
+    FillColumn(unit, rows, [=](std::size_t i) { return unit[i] / choice.length; });
+    const std::size_t count = m - k - 1;
+    for (std::size_t j = 0; j < count; ++j) {
+      others[j] = q.Column(pivots[k + 1 + j]);
+      pairs[j] = {others[j], unit};
     }
+    InnerProducts(std::span(pairs).first(count), rows, products);
+    for (std::size_t j = 0; j < count; ++j) r[k][pivots[k + 1 + j]] = products[j];
+    InBlocks(count, [&](std::size_t first, auto block) {
+      TakeOff(unit, rows, &others[first], &products[first], &squares[k + 1 + first], block);
+    });
   }
   return m;
 }

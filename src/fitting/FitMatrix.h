@@ -54,6 +54,11 @@ struct ColumnPair {
 // has an element for each pair.
 void InnerProducts(std::span<const ColumnPair> pairs, std::size_t rows, std::span<double> sums);
 
+// out[i] = the sum over the first m columns, in their order, of element i times the factor of the
+// column.
+void CombineColumns(const FitMatrix& columns, std::size_t m, const double* factors,
+                    std::size_t rows, double* out);
+
 // Modified Gram-Schmidt factorisation Q = Q' R with column pivoting of the leading `rows` by `m`
 // part of Q, in place (Bjoerck, BIT 7 (1967) 1). The next pivot is the column with the greatest
 // length left, measured by its length in the beginning; the first of equal ones. Answers the rank:
