@@ -114,7 +114,8 @@ class Tables {
     iconv(converter, nullptr, nullptr, nullptr, nullptr);
     if (iconv(converter, &from, &from_left, &to, &to_left) == static_cast<std::size_t>(-1)) return;
     if (from_left != 0 || to_left != out.size() - 4) return;
-    const char32_t c = out[0] | (out[1] << 8) | (static_cast<char32_t>(out[2]) << 16);
+    const char32_t c =
+        out[0] | (static_cast<char32_t>(out[1]) << 8) | (static_cast<char32_t>(out[2]) << 16);
     decode_[code] = c;
     if (!IsReadOnly(code)) encode_.emplace(c, code);
   }
