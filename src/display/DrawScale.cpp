@@ -129,6 +129,7 @@ std::int32_t ScaleValue(int index) {
   return InitScale().ScaleStep[index];
 }
 
+// KEPT: the small addend that saves powers of ten takes 998 and 999 for thousands too.
 std::string ScaleText(double value) {
   if (!(value >= 0) || std::isinf(value)) return {};
   const double exponent = value == 0 ? 0 : std::trunc(std::log10(value) + 0.001);
@@ -139,6 +140,7 @@ std::string ScaleText(double value) {
   return Picture(value / 1000, whole ? "##0K" : "##0.0K");
 }
 
+// KEPT: the logarithmic axis has seven decades whatever number of them the height holds.
 CountTicks CountTicksOf(std::int32_t height) {
   CountTicks ticks;
   const bool logarithmic = height < kLinearFrom;
@@ -158,6 +160,8 @@ CountTicks DrawCountAxisPrint(Surface& panel, std::int32_t height) {
   return DrawCountTicks(panel, height, kBlack, -1);
 }
 
+// KEPT: the wavelength needs no angle, but a spectrum without one is shown by channels; its own
+// angle decides under the default calibration too.
 int AxisUnit(const Workspace& workspace, int data_no, int unit) {
   if (unit < 0) return kUnitCh;
   if (unit == kUnitWave && workspace.Spectra[data_no].Prop.TwoTheta == 0) return kUnitCh;
@@ -175,6 +179,7 @@ std::vector<UnitTick> UnitTicksOf(const Workspace& workspace, int data_no, int u
     if (i == divisions && medium == AxisMedium::Screen) tick.Position -= 1;
     tick.Value = ChToUnit(shown_unit, tick.Position, source, workspace.Dac);
     tick.Label = UnitTickLabel(tick.Value, shown_unit);
+    // KEPT: units that don't grow with the channel keep the place, not the value.
     if (shown_unit >= kUnitD) tick.Value = tick.Position;
     ticks.push_back(std::move(tick));
   }

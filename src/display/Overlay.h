@@ -27,9 +27,9 @@ struct Overlay {
   double CursorChannel = 0;      // channel index, with a fraction after a jump to a peak
   std::int32_t CursorCount = 0;  // where the cross stands
   Color CursorColor = 0;
-  ChannelRange Area;   // the area cursor
-  ChannelRange Range;  // the part of this view that another one shows
-  std::span<const ChannelRange> Regions;
+  ChannelRange Area = {};   // the area cursor
+  ChannelRange Range = {};  // the part of this view that another one shows
+  std::span<const ChannelRange> Regions = {};
 };
 
 }  // namespace dorvane

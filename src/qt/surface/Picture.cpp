@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QGuiApplication>
 #include <QImage>
+#include <QLoggingCategory>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPainter>
@@ -105,7 +106,10 @@ GuiSession::GuiSession(int& argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   // A desktop theme would be loaded for nothing.
   qunsetenv("QT_QPA_PLATFORMTHEME");
+  // Nor is a directory for the sockets of a desktop missed.
+  QLoggingCategory::setFilterRules("default.warning=false");
   impl_ = std::make_unique<Impl>(argc, argv);
+  QLoggingCategory::setFilterRules(QString());
 }
 
 GuiSession::~GuiSession() = default;
