@@ -6,7 +6,8 @@
 
 namespace dorvane {
 
-// Numbers of the faults; all are 5 or more, so that a fit's status can tell them from its own codes.
+// Numbers of the faults; all are 5 or more, so that a fit's status can tell them from its own
+// codes.
 enum class FaultCode {
   BadArgument = 5,
   Overflow = 6,

@@ -19,12 +19,17 @@ constexpr To Narrow(From value) {
   return static_cast<To>(value);
 }
 
-constexpr std::int16_t ToInt16(std::int64_t value) { return Narrow<std::int16_t>(value); }
+constexpr std::int16_t ToInt16(std::int64_t value) {
+  return Narrow<std::int16_t>(value);
+}
 
 // The nearest integer, halves to the even neighbour. NaN and infinities come back as they are.
-inline double RoundHalfEven(double value) { return std::nearbyint(value); }
+inline double RoundHalfEven(double value) {
+  return std::nearbyint(value);
+}
 
-// RoundHalfEven into an integer type; throws Fault(Overflow) for NaN and for what has no place there.
+// RoundHalfEven into an integer type; throws Fault(Overflow) for NaN and for what has no place
+// there.
 template <typename To>
 To RoundTo(double value) {
   static_assert(std::is_integral_v<To> && sizeof(To) <= 4);
@@ -36,14 +41,19 @@ To RoundTo(double value) {
   return static_cast<To>(rounded);
 }
 
-inline std::int16_t RoundToInt16(double value) { return RoundTo<std::int16_t>(value); }
-inline std::int32_t RoundToInt32(double value) { return RoundTo<std::int32_t>(value); }
+inline std::int16_t RoundToInt16(double value) {
+  return RoundTo<std::int16_t>(value);
+}
+inline std::int32_t RoundToInt32(double value) {
+  return RoundTo<std::int32_t>(value);
+}
 
 // Truth of a 16-bit field: -1 true, 0 false.
 constexpr std::int16_t kTrue = -1;
 constexpr std::int16_t kFalse = 0;
 
-// An arithmetic result that must be finite: throws Fault(Overflow) for infinities, Fault(BadArgument) for NaN.
+// An arithmetic result that must be finite: throws Fault(Overflow) for infinities,
+// Fault(BadArgument) for NaN.
 inline double Finite(double value) {
   if (std::isnan(value)) throw Fault(FaultCode::BadArgument);
   if (std::isinf(value)) throw Fault(FaultCode::Overflow);
