@@ -70,6 +70,7 @@ TEST_F(CurveTest, AStretchOfZeroCountsDrawsNoSegments) {
   Show(0, 6);
   EXPECT_THAT(JoinedChannels(), testing::ElementsAre(0, 1, 4, 5));
   const auto lines = surface.Lines();
+  ASSERT_EQ(lines.size(), 3u);
   EXPECT_EQ(lines[1].from, (Point{3, 0}));
   EXPECT_EQ(lines[1].to, (Point{4, 7}));
 }

@@ -40,6 +40,12 @@ TEST_F(DrawSpectTest, OpenViewClearsTheCurves) {
   EXPECT_EQ(engine->CurveOf(0, 0).Shown, 0);
 }
 
+TEST_F(DrawSpectTest, OpenViewLeavesTheOtherViews) {
+  Curve(Flat(10));
+  engine->OpenView(1, &second, kBack);
+  EXPECT_EQ(engine->CurveOf(0, 0).Counts[5], 100);
+}
+
 TEST_F(DrawSpectTest, InitSpectClearsTheTwoSurfacesAndEverythingElse) {
   Curve(Flat(10));
   engine->AddPeakLine(0, 5);
