@@ -63,6 +63,9 @@ double PoissonLogL(std::span<const double> y, std::span<const double> f, bool& f
 // last accepted values. Any other mode has the value 0 everywhere and is refused like every model
 // that isn't positive at the start.
 //
+// Works in about 200 KB of the stack, allocates nothing, and keeps nothing from one call to the
+// next.
+//
 // Faults that pass: Subscript for n + m > 500 with n <= 500, and for m outside of 0..10;
 // BadArgument for x and y of different sizes; DivisionByZero for a coefficient on which the model
 // does not depend; an overflow outside of the line shape. `c` then holds the last accepted values,

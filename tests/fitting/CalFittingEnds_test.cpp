@@ -129,6 +129,15 @@ TEST_F(EndOfFit, SingularInformationMatrixLeavesTheLastAcceptedValues) {
   EXPECT_EQ(summary.trials, 1);
 }
 
+// Two rounds give standard errors; the trial of the third puts the line out of the region.
+TEST_F(EndOfFit, StandardErrorsOfEarlierTrialsAreClearedWhereALaterOneIsSingular) {
+  Coefficients c = Of({2000, 5, 3, 0});
+  summary = Fit({93, 901, 1970, 1095, 162, 13, 8, 3, 6, 9, 5, 8, 8}, 1, c, 4);
+  EXPECT_EQ(summary.status, 4);
+  EXPECT_EQ(summary.trials, 3);
+  EXPECT_EQ(summary.standard_error, Coefficients{});
+}
+
 // Without coefficients the trace is an empty sum.
 TEST_F(EndOfFit, TraceOfZeroEndsWithStatus0AndAsksForItsBox) {
   Coefficients c = StartOfWideGaussian(49);

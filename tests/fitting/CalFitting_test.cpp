@@ -283,6 +283,13 @@ const Path kPaths[] = {
      {103.22513174243174, 3.9029798358841696, 2.657203989950718, 37.24113619570105},
      10,
      14},
+    {"SharplyRejectedSteps",
+     1,
+     {718, 2331, 5350, 8692, 9985, 8110, 4658, 1891, 544},
+     {1000, 3, 3, 1},
+     {10000.65390690863, 4.899767122650568, 1.9998242219436764, 1.3038970541127555},
+     17,
+     23},
     {"TrialsNotPositive",
      1,
      {4, 4, 7, 6, 2, 5, 8, 10, 15, 27, 19, 12, 4},
@@ -340,14 +347,14 @@ TEST(CFDQR2, CoefficientOutsideTheRankKeepsItsValueThroughTheStep) {
   EXPECT_NEAR(c[1], 84.2857, 0.001);
 }
 
-// With a floor of its own for every coefficient the fit would take a seventh round.
+// With a floor of its own for every coefficient, or with that of the height, the fit would take an
+// 18th round.
 TEST(CFDQR2, LastSolvedCoefficientSetsTheFloorForAllAsMeant) {
-  const std::vector<double> y = {10045576, 10165538, 10425155, 10772116, 10991522,
-                                 10900342, 10578093, 10262466, 10084262};
-  Coefficients c = Of({1000000, 4, 2, 10000000});
-  const FitSummary summary = Fit(y, 1, c, 4);
+  Coefficients c = Of({1000, 6, 1.5, 10000});
+  const FitSummary summary = Fit({10108, 10315, 10621, 10943, 10970, 10675, 10190}, 1, c, 4);
   EXPECT_EQ(summary.status, 0);
-  EXPECT_EQ(summary.outer_rounds, 6);
+  EXPECT_EQ(summary.outer_rounds, 17);
+  EXPECT_EQ(summary.trials, 21);
 }
 
 }  // namespace

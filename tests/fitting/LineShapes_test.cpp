@@ -90,6 +90,10 @@ TEST(LineShapes, GaussianTailKeepsTheDerivativesOfTheBackgroundAsMeant) {
   EXPECT_EQ(D, Of({0, 0, 0, 1, 25}));
 }
 
+TEST(LineShapes, GaussianTailCalculatesNoSlopesThatCouldOverflow) {
+  EXPECT_EQ(SlopesAt(dGauss, 25, Of({1e308, 0, 1, 7}), 4), Of({0, 0, 0, 1}));
+}
+
 TEST(LineShapes, LorentzianHasNoTail) {
   EXPECT_NEAR(At(fLorentz, 99, Of({80, 0, 1, 7, 0.5}), 5), 80.0 / 9802 + 56.5, kRounding);
 }
