@@ -12,12 +12,12 @@ namespace dorvane {
 
 inline constexpr int kMaxFitPoints = 500;
 
-// Status numbers of a fit. Numbers of 5 or more are the FaultCode numbers of arithmetic faults in
-// the line shape.
-inline constexpr std::int16_t kFitEnded = 0;         // converged, or the trace was zero
-inline constexpr std::int16_t kFitLimitReached = 2;  // more than 100 outer or too many inner rounds
-inline constexpr std::int16_t kFitRefused =
-    4;  // too many points, model not positive, matrix singular
+// Status numbers of a fit: converged, or the trace was zero; a limit of the rounds was reached; too
+// many points, a model that isn't positive at the start, or a singular matrix. Numbers of 5 or more
+// are the FaultCode numbers of arithmetic faults in the line shape.
+inline constexpr std::int16_t kFitEnded = 0;
+inline constexpr std::int16_t kFitLimitReached = 2;
+inline constexpr std::int16_t kFitRefused = 4;
 
 // The text that the caller shows in a box when a fit ends with `trace_zero`.
 inline constexpr std::string_view kTraceZeroText = "trace value =Zero";
@@ -31,8 +31,7 @@ struct FitLimits {
 
 struct FitSummary {
   std::int16_t status = kFitEnded;
-  std::string_view
-      message;  // static text, UTF-8; empty for status 0 and for a fault in a derivative
+  std::string_view message;     // static, UTF-8; empty for status 0 and for a fault in a derivative
   Coefficients standard_error;  // of the last trial that came so far; 0 otherwise and beyond m
   bool trace_zero = false;  // ended because the trace of the inverse normal matrix was exactly zero
   int outer_rounds = 0;     // linearisations
@@ -58,10 +57,10 @@ double PoissonLogL(std::span<const double> y, std::span<const double> f, bool& f
 // AERE-R 6799 (1971). Standard errors are the sandwich estimate with f as the variance of each
 // count.
 //
-// Ends with status 0 when the log-likelihood changes by no more than 1e-7 of itself and no
-// coefficient by more than 1e-6 of its standard error, else as the message says; `c` then holds the
-// last accepted values. Any other mode has the value 0 everywhere and is refused like every model
-// that isn't positive at the start.
+// Ends with status 0 when the full log-likelihood changes by no more than 1e-7 of itself and no
+// coefficient by more than 1e-6 of its standard error or 1e-10 of the coefficient solved last; else
+// as the message says, and `c` then holds the last accepted values. Any other mode has the value 0
+// everywhere and is refused like every model that isn't positive at the start.
 //
 // Works in about 200 KB of the stack, allocates nothing, and keeps nothing from one call to the
 // next.
