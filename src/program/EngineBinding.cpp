@@ -65,7 +65,7 @@ void EngineBinding::PeakLinesCleared(int WinNo) {
 }
 
 void EngineBinding::PointMarksCleared(int WinNo, int DataNo) {
-  spect_.ClearPoints(WinNo, DataNo);
+  spect_.SetPointColor(WinNo, DataNo, 0, kMaxChannels, 0);
   spect_.ClearTexts(WinNo);
   outside_.PointMarksCleared(WinNo, DataNo);
 }

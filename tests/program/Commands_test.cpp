@@ -18,7 +18,8 @@ TEST_F(CommandsTest, EveryNameStandsForOneCommand) {
   std::set<std::string_view> names;
   for (const Command& command : Commands()) {
     EXPECT_TRUE(names.insert(command.key).second) << command.key;
-    if (!command.menu.empty()) EXPECT_TRUE(names.insert(command.menu).second) << command.menu;
+    if (command.menu.empty()) continue;
+    EXPECT_TRUE(names.insert(command.menu).second) << command.menu;
   }
 }
 
@@ -118,6 +119,14 @@ TEST_F(EngineTest, APeakHasALineAtItsCentreAsLongAsItIsInTheTable) {
   EXPECT_EQ(program.spect.PeakLinesOf(0).Entry(0), 101);
   list.listener.PeakUnmarked(0, 0, peak);
   EXPECT_EQ(program.spect.PeakLinesOf(0).Count(), 0);
+}
+
+TEST_F(EngineTest, ClearedPointMarksLeaveTheCurve) {
+  const auto data_no = Show({1, 2, 3});
+  program.spect.SetPointColor(0, data_no, 0, 2, 0xFF);
+  list.listener.PointMarksCleared(0, data_no);
+  EXPECT_EQ(program.spect.CurveOf(0, data_no).PointColors[1], 0);
+  EXPECT_EQ(program.spect.CurveOf(0, data_no).Counts[1], 2);
 }
 
 TEST_F(EngineTest, EveryNoticeReachesTheOutside) {
