@@ -25,46 +25,20 @@ namespace {
 using Reader = std::int16_t (*)(Program&, const std::string& path, int data_no);
 using Writer = Reader;
 
-std::int16_t ReadNative(Program& program, const std::string& path, int data_no) {
+// An operation on a file as a row of the tables below.
+template <auto Operation>
+std::int16_t OnSpectrum(Program& program, const std::string& path, int data_no) {
   FileContext files = program.FileAccess();
-  return ReadXbm(files, path, program.workspace.Channels[data_no],
-                 program.workspace.Spectra[data_no]);
+  return Operation(files, path, program.workspace.Channels[data_no],
+                   program.workspace.Spectra[data_no]);
 }
 
-std::int16_t ReadNativeWithPeaks(Program& program, const std::string& path, int data_no) {
+// The same for a format that carries the peak table.
+template <auto Operation>
+std::int16_t OnSpectrumWithPeaks(Program& program, const std::string& path, int data_no) {
   FileContext files = program.FileAccess();
-  return ReadXba(files, path, program.workspace.Channels[data_no],
-                 program.workspace.Spectra[data_no], program.workspace.Peaks[data_no]);
-}
-
-std::int16_t ReadNpd(Program& program, const std::string& path, int data_no) {
-  FileContext files = program.FileAccess();
-  return ReadNpdFile(files, path, program.workspace.Channels[data_no],
-                     program.workspace.Spectra[data_no]);
-}
-
-std::int16_t WriteNative(Program& program, const std::string& path, int data_no) {
-  FileContext files = program.FileAccess();
-  return WriteXbm(files, path, program.workspace.Channels[data_no],
-                  program.workspace.Spectra[data_no]);
-}
-
-std::int16_t WriteNativeWithPeaks(Program& program, const std::string& path, int data_no) {
-  FileContext files = program.FileAccess();
-  return WriteXba(files, path, program.workspace.Channels[data_no],
-                  program.workspace.Spectra[data_no], program.workspace.Peaks[data_no]);
-}
-
-std::int16_t WriteText(Program& program, const std::string& path, int data_no) {
-  FileContext files = program.FileAccess();
-  return WriteXta(files, path, program.workspace.Channels[data_no],
-                  program.workspace.Spectra[data_no]);
-}
-
-std::int16_t WriteNpd(Program& program, const std::string& path, int data_no) {
-  FileContext files = program.FileAccess();
-  return WriteNpdFile(files, path, program.workspace.Channels[data_no],
-                      program.workspace.Spectra[data_no]);
+  return Operation(files, path, program.workspace.Channels[data_no],
+                   program.workspace.Spectra[data_no], program.workspace.Peaks[data_no]);
 }
 
 struct ReaderRow {
@@ -72,9 +46,9 @@ struct ReaderRow {
   Reader read;
 };
 constexpr std::array kReaders{
-    ReaderRow{"npd", ReadNpd},
-    ReaderRow{"xbm", ReadNative},
-    ReaderRow{"xba", ReadNativeWithPeaks},
+    ReaderRow{"npd", OnSpectrum<ReadNpdFile>},
+    ReaderRow{"xbm", OnSpectrum<ReadXbm>},
+    ReaderRow{"xba", OnSpectrumWithPeaks<ReadXba>},
 };
 
 struct WriterRow {
@@ -82,10 +56,10 @@ struct WriterRow {
   Writer write;
 };
 constexpr std::array kWriters{
-    WriterRow{"xta", WriteText},
-    WriterRow{"xba", WriteNativeWithPeaks},
-    WriterRow{"npd", WriteNpd},
-    WriterRow{"xbm", WriteNative},
+    WriterRow{"xta", OnSpectrum<WriteXta>},
+    WriterRow{"xba", OnSpectrumWithPeaks<WriteXba>},
+    WriterRow{"npd", OnSpectrum<WriteNpdFile>},
+    WriterRow{"xbm", OnSpectrum<WriteXbm>},
 };
 
 // Files of a measurement series end in a number; the test comes before all others.
@@ -95,7 +69,7 @@ bool IsSeriesNumber(std::string_view extension) {
 }
 
 Reader ReaderOf(std::string_view extension) {
-  if (IsSeriesNumber(extension)) return ReadNative;
+  if (IsSeriesNumber(extension)) return OnSpectrum<ReadXbm>;
   const std::string lower = LowerAscii(extension);
   for (const ReaderRow& row : kReaders) {
     if (row.extension == lower) return row.read;
