@@ -21,6 +21,15 @@ namespace {
 
 constexpr PictureSize kPictureSize{1200, 720, 1};
 
+// Loads the fonts, which takes as long as a fit, while the other threads fit.
+void WarmFonts() {
+  RenderPicture(PictureFormat::Png, {16, 16, 1}, [](Page& page) {
+    const auto surface = page.Whole();
+    surface->SetFontSize(10);
+    surface->Text({0, 0}, "0", 0);
+  });
+}
+
 // The files that one analysis leaves.
 struct ResultPaths {
   std::string peaks;
@@ -37,8 +46,18 @@ struct Outcome {
   std::string error;  // empty when all went well
 };
 
+// NAME is the file's name without extension; the number of a series stays in it.
+std::string ResultName(const std::string& file) {
+  const PathParts parts = SplitPath(file);
+  const bool in_series =
+      !parts.Ext.empty() &&
+      std::all_of(parts.Ext.begin(), parts.Ext.end(), [](char c) { return c >= '0' && c <= '9'; });
+  return in_series ? parts.Name + "_" + parts.Ext : parts.Name;
+}
+
 ResultPaths PathsFor(const AnalyseOptions& options, const std::string& file) {
-  const std::string base = (std::filesystem::path(options.out) / SplitPath(file).Name).lexically_normal().string();
+  const std::string base =
+      (std::filesystem::path(options.out) / ResultName(file)).lexically_normal().string();
   return {base + "_peaks.csv", base + "_lattice.json", base + "." + options.picture};
 }
 
@@ -63,7 +82,8 @@ ByteVector BytesOf(std::string_view text) {
 }
 
 // All images are complete and all files open before the first of them changes.
-void WriteResults(FileLayer& files, const ResultPaths& paths, const std::array<ByteVector, 3>& images) {
+void WriteResults(FileLayer& files, const ResultPaths& paths,
+                  const std::array<ByteVector, 3>& images) {
   const std::string* current = nullptr;
   try {
     std::array<std::optional<FileReplacement>, 3> replacements;
@@ -97,7 +117,8 @@ class Workshop {
   }
 
   bool HasWork() const {
-    return std::any_of(outcomes_.begin(), outcomes_.end(), [](const Outcome& outcome) { return !outcome.done; });
+    return std::any_of(outcomes_.begin(), outcomes_.end(),
+                       [](const Outcome& outcome) { return !outcome.done; });
   }
 
   void Start() {
@@ -126,8 +147,8 @@ class Workshop {
 
  private:
   std::size_t Done() const {
-    return static_cast<std::size_t>(
-        std::count_if(outcomes_.begin(), outcomes_.end(), [](const Outcome& outcome) { return outcome.done; }));
+    return static_cast<std::size_t>(std::count_if(
+        outcomes_.begin(), outcomes_.end(), [](const Outcome& outcome) { return outcome.done; }));
   }
 
   void Work() {
@@ -162,7 +183,8 @@ class Workshop {
       });
     };
     WriteResults(files_, paths,
-                 {BytesOf(csv), BytesOf(json), RenderPicture(PictureFormatOf(paths.picture), kPictureSize, paint)});
+                 {BytesOf(csv), BytesOf(json),
+                  RenderPicture(PictureFormatOf(paths.picture), kPictureSize, paint)});
     outcome.analysis = analysis;
     if (analysis.failure) outcome.error = *analysis.failure;
   }
@@ -188,7 +210,8 @@ void Print(const AnalyseOptions& options, const Analysis& analysis, std::ostream
     out << PeakCsv(analysis, true, "\n");
   } else if (options.format == PrintFormat::Table) {
     const ResultPaths paths = PathsFor(options, analysis.path);
-    out << TableText(analysis) << "written: " << paths.peaks << ' ' << paths.lattice << ' ' << paths.picture << "\n\n";
+    out << TableText(analysis) << "written: " << paths.peaks << ' ' << paths.lattice << ' '
+        << paths.picture << "\n\n";
   }
 }
 
@@ -202,7 +225,8 @@ void MakeFolder(const std::string& folder) {
 
 }  // namespace
 
-int RunAnalyse(const AnalyseOptions& options, int& argc, char** argv, std::ostream& out, std::ostream& err) {
+int RunAnalyse(const AnalyseOptions& options, int& argc, char** argv, std::ostream& out,
+               std::ostream& err) {
   SystemFileLayer files;
   const CrystalLibrary library = ReadLibrary(files, options.crystal_file);
   if (!options.request.crystal.empty()) CrystalIndexOf(library, options.request.crystal);
@@ -213,6 +237,7 @@ int RunAnalyse(const AnalyseOptions& options, int& argc, char** argv, std::ostre
   if (workshop.HasWork()) {
     workshop.Start();
     session.emplace(argc, argv);
+    WarmFonts();
     workshop.OpenGallery();
   }
   ProgressBar bar(options.files.size(), !options.quiet);

@@ -1,5 +1,5 @@
-// The command "analyse": the main job on any number of files, several at a time, results written and printed in the
-// order of the files.
+// The command "analyse": the main job on any number of files, several at a time, results written
+// and printed in the order of the files.
 #pragma once
 
 #include <iosfwd>
@@ -23,9 +23,11 @@ struct AnalyseOptions {
   bool overwrite = false;
 };
 
-// Exit status: 0 all done, 1 some files failed, each told in one line on `err`. Results that exist are refused before
-// any work, unless they may be overwritten. Throws UsageError for what the options ask for and cannot be. Pictures need
-// the toolkit's application, which takes argc and argv as main has them.
-int RunAnalyse(const AnalyseOptions& options, int& argc, char** argv, std::ostream& out, std::ostream& err);
+// Exit status: 0 all done, 1 some files failed, each told in one line on `err`. Results that exist
+// are refused before any work, unless they may be overwritten. Throws UsageError for what the
+// options ask for and cannot be. Pictures need the toolkit's application, which takes argc and argv
+// as main has them.
+int RunAnalyse(const AnalyseOptions& options, int& argc, char** argv, std::ostream& out,
+               std::ostream& err);
 
 }  // namespace dorvane

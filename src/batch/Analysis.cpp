@@ -42,9 +42,11 @@ std::string LastOf(const std::vector<std::string>& messages, std::string_view ot
 
 }  // namespace
 
-AnalysisRun::AnalysisRun(FileLayer& files, const CrystalLibrary& library, const AnalysisRequest& request,
-                         const std::string& path)
-    : request_(request), files_(files), program_(std::make_unique<Program>(ports_.Join(files), "")) {
+AnalysisRun::AnalysisRun(FileLayer& files, const CrystalLibrary& library,
+                         const AnalysisRequest& request, const std::string& path)
+    : request_(request),
+      files_(files),
+      program_(std::make_unique<Program>(ports_.Join(files), "")) {
   result_.path = path;
   Workspace& workspace = program_->workspace;
   workspace.FitParam.SmoothKind = ToInt16(std::max(request.smooth_kind, 0));
@@ -70,7 +72,8 @@ void AnalysisRun::Read() {
   if (!info) throw BatchError("no such file");
   if (!info->regular) throw BatchError("not a file");
   if (info->size == 0) throw BatchError("the file is empty");
-  if (!CanRead(parts.Ext)) throw BatchError("not a kind of file that can be read (.npd, .xbm, .xba, .001)");
+  if (!CanRead(parts.Ext))
+    throw BatchError("not a kind of file that can be read (.npd, .xbm, .xba, .001)");
   if (ReadGraph(*program_, 0, 0, result_.path) != -1) {
     throw BatchError("not a whole spectrum file: " + LastOf(ports_.dialogs.messages, "Open Error"));
   }
@@ -93,7 +96,8 @@ void AnalysisRun::Prepare() {
   data_no_ = program_->view.DataNo;
 }
 
-// A single peak on which the engine faults would end the fit of all: it is left out, and the others start afresh.
+// A single peak on which the engine faults would end the fit of all: it is left out, and the others
+// start afresh.
 void AnalysisRun::Fit() {
   const auto mark_area = [this] {
     if (request_.range) {
@@ -156,7 +160,8 @@ void AnalysisRun::Index(const CrystalLibrary& library) {
   const CrystalRec& crystal = library.CrystalTable[index];
   for (const auto* lines : {&request.use_lines, &request.exclude_lines}) {
     for (const Hkl& hkl : *lines) {
-      if (!HasLine(crystal, hkl)) throw BatchError(crystal.Name + " has no line " + HklText(hkl) + " in the library");
+      if (!HasLine(crystal, hkl))
+        throw BatchError(crystal.Name + " has no line " + HklText(hkl) + " in the library");
     }
   }
   const auto state = std::make_unique<LatticeState>();
@@ -167,7 +172,8 @@ void AnalysisRun::Index(const CrystalLibrary& library) {
   result_.lattice = RunLattice(*state, program_->workspace, data_no_, request, ports_.dialogs);
   if (!result_.lattice.rejected.empty()) {
     result_.notes.push_back(std::to_string(result_.lattice.rejected.size()) +
-                            " indexed lines left out, off by more than " + Picture(100 * request.reject_beyond, "0.0##") +
+                            " indexed lines left out, off by more than " +
+                            Picture(100 * request.reject_beyond, "0.0##") +
                             " per cent of d (--reject)");
   }
   JudgeLattice();
@@ -181,10 +187,12 @@ void AnalysisRun::JudgeLattice() {
   if (!lattice.cell) {
     missing = "no cell: " + std::to_string(lattice.lines.size()) + " of " +
               std::to_string(program_->workspace.Peaks[data_no_].Count) + " peaks lie within " +
-              PlainNumber(request_.judge_range) + " angstrom of a line of " + lattice.crystal + " (--judge)";
+              PlainNumber(request_.judge_range) + " angstrom of a line of " + lattice.crystal +
+              " (--judge)";
   } else if (result_.mode == LatticeMode::Marker && !lattice.pressure) {
     missing = "no pressure: ";
-    missing += reason.empty() ? "no scale has the name " + lattice.crystal : std::string("the scale fails");
+    missing += reason.empty() ? "no scale has the name " + lattice.crystal
+                              : std::string("the scale fails");
   }
   if (missing.empty()) return;
   if (!reason.empty()) missing += ": " + reason;
@@ -199,7 +207,9 @@ void AnalysisRun::JudgeLattice() {
 void AnalysisRun::ListPeaks() {
   const Workspace& workspace = program_->workspace;
   const MeasProp& source = CalibrationOf(workspace, data_no_);
-  const auto in_unit = [&](int unit, double index) { return ChToUnit(unit, index, source, workspace.Dac); };
+  const auto in_unit = [&](int unit, double index) {
+    return ChToUnit(unit, index, source, workspace.Dac);
+  };
   const PeakTable& table = workspace.Peaks[data_no_];
   for (int i = 0; i < table.Count; ++i) {
     const PeakRec& peak = table.Peaks[i];
@@ -209,7 +219,8 @@ void AnalysisRun::ListPeaks() {
     row.energy_kev = in_unit(kUnitKeV, peak.Center);
     row.d = in_unit(kUnitD, peak.Center);
     row.height = peak.Height;
-    row.fwhm_kev = in_unit(kUnitKeV, peak.Center + peak.HalfWidth) - in_unit(kUnitKeV, peak.Center - peak.HalfWidth);
+    row.fwhm_kev = in_unit(kUnitKeV, peak.Center + peak.HalfWidth) -
+                   in_unit(kUnitKeV, peak.Center - peak.HalfWidth);
     row.area = peak.Amplitude;
     for (const LatticeLine& line : result_.lattice.lines) {
       if (line.peak == i) row.line = line;
@@ -231,7 +242,8 @@ void AnalysisRun::ShowCurves() {
     if (slot.State == kRowEmpty) continue;
     const GraphKind kind = KindOf(slot.Title);
     const bool background = kind == GraphKind::BackGraund && request_.background && !removed;
-    ChgValue_chkGrp(list, slot.WinNo, row, kind == (removed ? GraphKind::BackRemv : GraphKind::Raw) || background);
+    ChgValue_chkGrp(list, slot.WinNo, row,
+                    kind == (removed ? GraphKind::BackRemv : GraphKind::Raw) || background);
   }
 }
 

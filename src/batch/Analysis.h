@@ -1,5 +1,5 @@
-// The main job on one spectrum: read, smooth, find and fit peaks, index, refine, pressure. What it finds stays in a
-// Program, from which its page is drawn.
+// The main job on one spectrum: read, smooth, find and fit peaks, index, refine, pressure. What it
+// finds stays in a Program, from which its page is drawn.
 #pragma once
 
 #include <memory>
@@ -21,7 +21,7 @@ struct AnalysisRequest {
   std::string crystal;  // name in the library; the spectrum's sample name decides where it is empty
   LatticeRequest lattice;  // all but the crystal
   FitOn fit_on = FitOn::Smooth;
-  int smooth_kind = 1;  // 0..3; -1 none
+  int smooth_kind = 1;      // 0..3; -1 none
   bool background = false;  // estimated although the fit does not need it
   std::int16_t back_interval = 20;
   std::int16_t back_times = 20;
@@ -36,7 +36,7 @@ struct PeakRow {
   double index = 0;    // channel index from 0
   double channel = 0;  // channel number
   double energy_kev = 0;
-  double d = 0;  // angstrom
+  double d = 0;       // angstrom
   double height = 0;  // counts
   double fwhm_kev = 0;
   double area = 0;  // counts
@@ -45,7 +45,7 @@ struct PeakRow {
 
 struct Analysis {
   std::string path;
-  std::string title;   // file name with extension
+  std::string title;  // file name with extension
   std::string sample;
   int channels = 0;
   double two_theta_deg = 0;
@@ -54,8 +54,8 @@ struct Analysis {
   bool indexed = false;  // a crystal was known
   LatticeMode mode = LatticeMode::Sample;
   LatticeReport lattice;
-  std::string temperature;  // degrees Celsius
-  std::vector<std::string> notes;  // messages and hints, in their order
+  std::string temperature;             // degrees Celsius
+  std::vector<std::string> notes;      // messages and hints, in their order
   std::optional<std::string> failure;  // why the cell or the pressure that was asked for is missing
 };
 
@@ -64,7 +64,8 @@ class AnalysisRun {
  public:
   // Does the whole job. Throws BatchError where there is nothing to show: an unreadable file, a
   // fit that fails as a whole, lines that the crystal doesn't have.
-  AnalysisRun(FileLayer& files, const CrystalLibrary& library, const AnalysisRequest& request, const std::string& path);
+  AnalysisRun(FileLayer& files, const CrystalLibrary& library, const AnalysisRequest& request,
+              const std::string& path);
 
   const Analysis& Result() const { return result_; }
   void Draw(double width, double height, const PanelMaker& make_panel);

@@ -45,8 +45,8 @@ struct BatchPorts {
   Ports Join(FileLayer& files) { return {dialogs, files, log, progress, listener}; }
 };
 
-// A bar on the error stream that tells how many of several files are done; nothing where that is no terminal, or for
-// one file.
+// A bar on the error stream that tells how many of several files are done; nothing where that is no
+// terminal, or for one file.
 class ProgressBar {
  public:
   ProgressBar(std::size_t total, bool wanted);

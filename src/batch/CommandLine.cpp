@@ -32,32 +32,47 @@ struct AnalyseTexts {
 };
 
 void AddAnalyse(CLI::App& app, AnalyseOptions& options, AnalyseTexts& texts) {
-  CLI::App* analyse = app.add_subcommand("analyse", "Fit, index and refine spectra; pressure from a marker crystal");
+  CLI::App* analyse = app.add_subcommand(
+      "analyse", "Fit, index and refine spectra; pressure from a marker crystal");
   analyse->add_option("FILE", options.files, "Spectrum files (.npd, .xbm, .xba, .001)")->required();
   AnalysisRequest& request = options.request;
-  analyse->add_option("--crystal", request.crystal, "Crystal of the library; default: the spectrum's sample name");
-  analyse->add_option("--crystal-file", options.crystal_file, "Crystal library to use in place of the program's");
-  analyse->add_flag("--marker", texts.marker, "The crystal is a pressure marker: V/V0 and pressure");
-  analyse->add_option("--temperature", texts.temperature, "Temperature of the marker, degrees C")->capture_default_str();
+  analyse->add_option("--crystal", request.crystal,
+                      "Crystal of the library; default: the spectrum's sample name");
+  analyse->add_option("--crystal-file", options.crystal_file,
+                      "Crystal library to use in place of the program's");
+  analyse->add_flag("--marker", texts.marker,
+                    "The crystal is a pressure marker: V/V0 and pressure");
+  analyse->add_option("--temperature", texts.temperature, "Temperature of the marker, degrees C")
+      ->capture_default_str();
   analyse->add_option("--range", texts.range, "Channels A:B to be fitted; default: all");
-  analyse->add_option("--judge", request.judge_range, "A line so near in d indexes a peak, angstrom")
+  analyse
+      ->add_option("--judge", request.judge_range, "A line so near in d indexes a peak, angstrom")
       ->check(CLI::PositiveNumber)
       ->capture_default_str();
-  analyse->add_option("--use-lines", texts.use_lines, "Only these lines enter the fit of the cell: \"2 0 0,2 2 0\"");
-  analyse->add_option("--exclude-lines", texts.exclude_lines, "These lines do not enter the fit of the cell");
-  analyse->add_option("--reject", texts.reject_percent, "Leave out lines that deviate more, per cent of d; 0: none")
+  analyse->add_option("--use-lines", texts.use_lines,
+                      "Only these lines enter the fit of the cell: \"2 0 0,2 2 0\"");
+  analyse->add_option("--exclude-lines", texts.exclude_lines,
+                      "These lines do not enter the fit of the cell");
+  analyse
+      ->add_option("--reject", texts.reject_percent,
+                   "Leave out lines that deviate more, per cent of d; 0: none")
       ->check(CLI::NonNegativeNumber)
       ->capture_default_str();
-  analyse->add_option("--smooth", texts.smooth, "Points of the smoothing filter: 5, 7, 9, 11 or none")
+  analyse
+      ->add_option("--smooth", texts.smooth, "Points of the smoothing filter: 5, 7, 9, 11 or none")
       ->capture_default_str();
   analyse->add_option("--threshold", texts.threshold, "Sensitivity of the peak search, 1 to 20")
       ->check(CLI::Range(1, 20))
       ->capture_default_str();
-  analyse->add_option("--background", texts.background, "Estimate the background: INTERVAL,TIMES; default 20,20");
-  analyse->add_option("--fit-on", texts.fit_on, "What is fitted: raw, smooth or removed (background)")
+  analyse->add_option("--background", texts.background,
+                      "Estimate the background: INTERVAL,TIMES; default 20,20");
+  analyse
+      ->add_option("--fit-on", texts.fit_on, "What is fitted: raw, smooth or removed (background)")
       ->check(CLI::IsMember({"raw", "smooth", "removed"}))
       ->capture_default_str();
-  analyse->add_option("--engine", texts.engine, "Fit engine")->check(CLI::IsMember({"express"}))->capture_default_str();
+  analyse->add_option("--engine", texts.engine, "Fit engine")
+      ->check(CLI::IsMember({"express"}))
+      ->capture_default_str();
   analyse->add_option("--out", options.out, "Folder of the results; default: the current one");
   analyse->add_option("--picture", options.picture, "Kind of the picture: png, svg or pdf")
       ->check(CLI::IsMember({"png", "svg", "pdf"}))
@@ -73,12 +88,14 @@ void AddAnalyse(CLI::App& app, AnalyseOptions& options, AnalyseTexts& texts) {
 void SettleAnalyse(const AnalyseTexts& texts, AnalyseOptions& options) {
   AnalysisRequest& request = options.request;
   request.lattice.mode = texts.marker ? LatticeMode::Marker : LatticeMode::Sample;
-  if (!IsNumeric(texts.temperature)) throw UsageError("--temperature: \"" + texts.temperature + "\" is no number");
+  if (!IsNumeric(texts.temperature))
+    throw UsageError("--temperature: \"" + texts.temperature + "\" is no number");
   request.lattice.temperature = texts.temperature;
   request.lattice.reject_beyond = texts.reject_percent * kPercent;
   if (!texts.range.empty()) request.range = ParseChannelSpan(texts.range);
   if (!texts.use_lines.empty()) request.lattice.use_lines = ParseHklList(texts.use_lines);
-  if (!texts.exclude_lines.empty()) request.lattice.exclude_lines = ParseHklList(texts.exclude_lines);
+  if (!texts.exclude_lines.empty())
+    request.lattice.exclude_lines = ParseHklList(texts.exclude_lines);
   request.smooth_kind = ParseSmoothing(texts.smooth);
   request.threshold = ToInt16(texts.threshold);
   if (!texts.background.empty()) {

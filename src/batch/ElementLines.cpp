@@ -35,7 +35,8 @@ std::string_view RowOf(std::string_view table, std::string_view symbol) {
 
 }  // namespace
 
-std::vector<FluorescenceLine> KLinesOf(std::string_view table, std::string_view symbol, double share) {
+std::vector<FluorescenceLine> KLinesOf(std::string_view table, std::string_view symbol,
+                                       double share) {
   const std::string_view row = RowOf(table, symbol);
   const auto ka1 = ParseNumber(FieldOf(row, kKa1));
   const auto ka2 = ParseNumber(FieldOf(row, kKa2));

@@ -29,7 +29,8 @@ std::vector<std::string_view> Split(std::string_view text, char separator) {
 // Nothing for what is no whole number within the bounds.
 std::optional<int> WholeNumber(std::string_view text, int low, int high) {
   const auto number = ParseNumber(text);
-  if (!number || *number != std::floor(*number) || *number < low || *number > high) return std::nullopt;
+  if (!number || *number != std::floor(*number) || *number < low || *number > high)
+    return std::nullopt;
   return static_cast<int>(*number);
 }
 

@@ -1,4 +1,5 @@
-// Texts of command-line options taken apart. Each throws UsageError with a text that says what is expected.
+// Texts of command-line options taken apart. Each throws UsageError with a text that says what is
+// expected.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +19,8 @@ struct ChannelSpan {
 };
 ChannelSpan ParseChannelSpan(std::string_view text);
 
-// "2 0 0,2 2 0": triples of whole numbers separated by commas, their indices by blanks; "200,220" for single digits.
+// "2 0 0,2 2 0": triples of whole numbers separated by commas, their indices by blanks; "200,220"
+// for single digits.
 std::vector<Hkl> ParseHklList(std::string_view text);
 
 // Exactly `count` numbers separated by commas; `what` names them in the error.

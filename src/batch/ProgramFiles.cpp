@@ -39,7 +39,8 @@ int CrystalIndexOf(const CrystalLibrary& library, const std::string& name) {
   const int index = FindCrystal(library, name);
   if (index >= 0) return index;
   std::string names;
-  for (int i = 0; i < library.CrystalCount && i < kMaxCrystals; ++i) names += " " + library.CrystalTable[i].Name;
+  for (int i = 0; i < library.CrystalCount && i < kMaxCrystals; ++i)
+    names += " " + library.CrystalTable[i].Name;
   throw UsageError("no crystal \"" + name + "\" in the library; there are" + names);
 }
 

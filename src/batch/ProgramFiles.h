@@ -1,4 +1,5 @@
-// Files that belong to the program: beside it where it is installed, else in the source's data folder.
+// Files that belong to the program: beside it where it is installed, else in the source's data
+// folder.
 #pragma once
 
 #include <string>
@@ -11,7 +12,8 @@ namespace dorvane {
 // Whole path of a file of the program; throws UsageError where there is none.
 std::string ProgramFile(FileLayer& files, const std::string& name);
 
-// The crystal library at `path`, or the program's own where that is empty. Throws UsageError when it can't be read.
+// The crystal library at `path`, or the program's own where that is empty. Throws UsageError when
+// it can't be read.
 CrystalLibrary ReadLibrary(FileLayer& files, const std::string& path);
 
 // Index of a crystal of the library; throws UsageError, which lists the names, where there is none.

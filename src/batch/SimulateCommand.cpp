@@ -26,7 +26,8 @@ struct OutPaths {
 
 OutPaths PathsFor(const std::string& out) {
   const PathParts parts = SplitPath(out);
-  if (LowerAscii(parts.Ext) != "npd") throw UsageError("--out " + out + ": the name has to end in .npd");
+  if (LowerAscii(parts.Ext) != "npd")
+    throw UsageError("--out " + out + ": the name has to end in .npd");
   return {out, parts.Drive + parts.Dir + parts.Name + ".json"};
 }
 
@@ -36,7 +37,8 @@ std::vector<FluorescenceLine> ParseFluorescence(const std::string& text, std::st
   std::vector<FluorescenceLine> lines;
   for (const std::string& piece : CLI::detail::split(text, ',')) {
     const auto colon = piece.find(':');
-    const auto share = colon == std::string::npos ? kDefaultShare : ParseNumber(piece.substr(colon + 1));
+    const auto share =
+        colon == std::string::npos ? kDefaultShare : ParseNumber(piece.substr(colon + 1));
     if (!share) throw UsageError("--fluorescence: \"" + piece + "\" is not SYMBOL:SHARE");
     const auto own = KLinesOf(table, Trim(std::string_view(piece).substr(0, colon)), *share);
     lines.insert(lines.end(), own.begin(), own.end());
@@ -123,30 +125,49 @@ std::string TruthText(const SimulationRequest& request, const SimulatedSpectrum&
 }  // namespace
 
 void AddSimulate(CLI::App& app, SimulateOptions& options) {
-  CLI::App* simulate = app.add_subcommand("simulate", "Make a synthetic spectrum and the truth about it");
+  CLI::App* simulate =
+      app.add_subcommand("simulate", "Make a synthetic spectrum and the truth about it");
   SimulationRequest& request = options.request;
   simulate->add_option("--crystal", options.crystal, "Crystal of the library")->required();
-  simulate->add_option("--out", options.out, "Spectrum to write, .npd; the truth goes beside it as .json")->required();
-  simulate->add_option("--crystal-file", options.crystal_file, "Crystal library to use in place of the program's");
-  auto* pressure = simulate->add_option("--pressure", options.pressure, "Pressure by the crystal's own scale, GPa");
-  auto* ratio = simulate->add_option("--volume-ratio", options.volume_ratio, "V/V0, all lengths scaled alike");
+  simulate
+      ->add_option("--out", options.out,
+                   "Spectrum to write, .npd; the truth goes beside it as .json")
+      ->required();
+  simulate->add_option("--crystal-file", options.crystal_file,
+                       "Crystal library to use in place of the program's");
+  auto* pressure = simulate->add_option("--pressure", options.pressure,
+                                        "Pressure by the crystal's own scale, GPa");
+  auto* ratio = simulate->add_option("--volume-ratio", options.volume_ratio,
+                                     "V/V0, all lengths scaled alike");
   auto* cell = simulate->add_option("--cell", options.cell, "Cell a,b,c,alpha,beta,gamma");
   pressure->excludes(ratio)->excludes(cell);
   ratio->excludes(cell);
-  simulate->add_option("--temperature", request.temperature, "Temperature, degrees C")->capture_default_str();
-  simulate->add_option("--two-theta", request.two_theta_deg, "Scattering angle, degrees")->capture_default_str();
-  simulate->add_option("--egc", options.egc, "Energy in keV of channel number n: A,B,C of A + B n + C n n");
-  simulate->add_option("--channels", request.channels, "Number of channels")->capture_default_str();
-  auto* counts = simulate->add_option("--counts", options.counts, "Counts in the strongest diffraction line");
-  auto* time = simulate->add_option("--time", request.counting_time, "Counting time, s")->capture_default_str();
-  counts->excludes(time);
-  simulate->add_option("--rate", request.rate, "Counts per second in the strongest line")->capture_default_str();
-  simulate->add_option("--width", options.width, "FWHM^2 = CONSTANT + SLOPE E, keV; default: a germanium detector");
-  simulate->add_option("--background-exponential", options.exponential, "SHARE,KEV; share of the strongest line");
-  simulate->add_option("--background-hump", options.hump, "SHARE,KEV,WIDTH; share of the strongest line");
-  simulate->add_option("--beam", request.beam.peak_kev, "Energy of the greatest incident intensity, keV")
+  simulate->add_option("--temperature", request.temperature, "Temperature, degrees C")
       ->capture_default_str();
-  simulate->add_option("--fluorescence", options.fluorescence, "Elements SYMBOL:SHARE,...; share of the strongest line");
+  simulate->add_option("--two-theta", request.two_theta_deg, "Scattering angle, degrees")
+      ->capture_default_str();
+  simulate->add_option("--egc", options.egc,
+                       "Energy in keV of channel number n: A,B,C of A + B n + C n n");
+  simulate->add_option("--channels", request.channels, "Number of channels")->capture_default_str();
+  auto* counts =
+      simulate->add_option("--counts", options.counts, "Counts in the strongest diffraction line");
+  auto* time = simulate->add_option("--time", request.counting_time, "Counting time, s")
+                   ->capture_default_str();
+  counts->excludes(time);
+  simulate->add_option("--rate", request.rate, "Counts per second in the strongest line")
+      ->capture_default_str();
+  simulate->add_option("--width", options.width,
+                       "FWHM^2 = CONSTANT + SLOPE E, keV; default: a germanium detector");
+  simulate->add_option("--background-exponential", options.exponential,
+                       "SHARE,KEV; share of the strongest line");
+  simulate->add_option("--background-hump", options.hump,
+                       "SHARE,KEV,WIDTH; share of the strongest line");
+  simulate
+      ->add_option("--beam", request.beam.peak_kev,
+                   "Energy of the greatest incident intensity, keV")
+      ->capture_default_str();
+  simulate->add_option("--fluorescence", options.fluorescence,
+                       "Elements SYMBOL:SHARE,...; share of the strongest line");
   simulate->add_option("--seed", request.seed, "Seed of the random counts")->capture_default_str();
   simulate->add_flag("--quiet", options.quiet, "Print nothing but errors");
   simulate->add_flag("--overwrite", options.overwrite, "Replace files that exist");
@@ -181,8 +202,8 @@ int RunSimulate(const SimulateOptions& options, std::ostream& out, std::ostream&
     return 1;
   }
   if (options.quiet) return 0;
-  out << paths.spectrum << ": " << request.crystal.Name << ", " << spectrum.lines.size() << " lines, V/V0 "
-      << Picture(spectrum.volume_ratio, "0.00000");
+  out << paths.spectrum << ": " << request.crystal.Name << ", " << spectrum.lines.size()
+      << " lines, V/V0 " << Picture(spectrum.volume_ratio, "0.00000");
   if (spectrum.pressure) out << ", " << Picture(*spectrum.pressure, "0.000") << " GPa";
   out << "; truth in " << paths.truth << '\n';
   return 0;

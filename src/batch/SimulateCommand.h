@@ -1,4 +1,5 @@
-// The command "simulate": a synthetic spectrum as .npd, and the truth that it was made from as .json beside it.
+// The command "simulate": a synthetic spectrum as .npd, and the truth that it was made from as
+// .json beside it.
 #pragma once
 
 #include <iosfwd>
@@ -26,8 +27,8 @@ struct SimulateOptions {
 // Adds the subcommand with its options.
 void AddSimulate(CLI::App& app, SimulateOptions& options);
 
-// Exit status: 0 written, 1 failed with one line on `err`. Existing files are refused unless they may be overwritten.
-// Throws UsageError for what the options ask for and cannot be.
+// Exit status: 0 written, 1 failed with one line on `err`. Existing files are refused unless they
+// may be overwritten. Throws UsageError for what the options ask for and cannot be.
 int RunSimulate(const SimulateOptions& options, std::ostream& out, std::ostream& err);
 
 }  // namespace dorvane

@@ -41,12 +41,17 @@ std::string Columns(const std::vector<Cells>& rows) {
 }
 
 Cells PeakCells(std::size_t number, const PeakRow& row) {
-  Cells cells{std::to_string(number), Picture(row.channel, "0.00"), Picture(row.energy_kev, "0.000"),
-              Picture(row.d, "0.00000"), Picture(row.height, "0"),
-              row.fwhm_kev < kWidestFwhm ? Picture(row.fwhm_kev, "0.000") : "-", Picture(row.area, "0")};
+  Cells cells{std::to_string(number),
+              Picture(row.channel, "0.00"),
+              Picture(row.energy_kev, "0.000"),
+              Picture(row.d, "0.00000"),
+              Picture(row.height, "0"),
+              row.fwhm_kev < kWidestFwhm ? Picture(row.fwhm_kev, "0.000") : "-",
+              Picture(row.area, "0")};
   if (row.line) {
     cells.insert(cells.end(), {HklText(row.line->hkl), Picture(row.line->d_cal, "0.00000"),
-                               Picture(row.line->d_obs - row.line->d_cal, "0.00000"), row.line->used ? "yes" : "no"});
+                               Picture(row.line->d_obs - row.line->d_cal, "0.00000"),
+                               row.line->used ? "yes" : "no"});
   }
   cells.resize(11);
   return cells;
@@ -59,7 +64,8 @@ struct CellEntry {
 };
 
 std::vector<CellEntry> CellEntries(std::int16_t lattice_type) {
-  constexpr CellEntry a{"a", 1}, b{"b", 2}, c{"c", 3}, alpha{"alpha", 4}, beta{"beta", 5}, gamma{"gamma", 6};
+  constexpr CellEntry a{"a", 1}, b{"b", 2}, c{"c", 3}, alpha{"alpha", 4}, beta{"beta", 5},
+      gamma{"gamma", 6};
   switch (lattice_type) {
     case kCubic:
       return {a};
@@ -81,7 +87,8 @@ bool IsLength(const CellEntry& entry) {
 
 std::string ValueLine(std::string_view name, const ValueWithError& value, std::string_view picture,
                       std::string_view unit) {
-  std::string line = "  " + PadRight(name, 6) + Picture(value.value, picture) + " +- " + Picture(value.error, picture);
+  std::string line = "  " + PadRight(name, 6) + Picture(value.value, picture) + " +- " +
+                     Picture(value.error, picture);
   return unit.empty() ? line : line + " " + std::string(unit);
 }
 
@@ -90,28 +97,31 @@ ValueWithError CellValue(const LatticeReport& lattice, const CellEntry& entry) {
 }
 
 std::size_t UsedLines(const LatticeReport& lattice) {
-  return static_cast<std::size_t>(
-      std::count_if(lattice.lines.begin(), lattice.lines.end(), [](const LatticeLine& line) { return line.used; }));
+  return static_cast<std::size_t>(std::count_if(lattice.lines.begin(), lattice.lines.end(),
+                                                [](const LatticeLine& line) { return line.used; }));
 }
 
 std::string LatticeText(const Analysis& analysis) {
   const LatticeReport& lattice = analysis.lattice;
   std::string text = lattice.crystal + ", " + LowerAscii(LatticeName(lattice.lattice_type)) + ", " +
                      (analysis.mode == LatticeMode::Marker ? "pressure marker" : "sample") + ": " +
-                     std::to_string(UsedLines(lattice)) + " of " + std::to_string(lattice.lines.size()) +
-                     " indexed lines in the fit\n";
+                     std::to_string(UsedLines(lattice)) + " of " +
+                     std::to_string(lattice.lines.size()) + " indexed lines in the fit\n";
   if (!lattice.cell) return text;
   for (const CellEntry& entry : CellEntries(lattice.lattice_type)) {
-    text += ValueLine(entry.name, CellValue(lattice, entry), "0.00000", IsLength(entry) ? kAngstrom : "deg") + "\n";
+    text += ValueLine(entry.name, CellValue(lattice, entry), "0.00000",
+                      IsLength(entry) ? kAngstrom : "deg") +
+            "\n";
   }
   if (lattice.volume) text += ValueLine("V", *lattice.volume, "0.0000", "Å^3") + "\n";
   if (lattice.ratio) {
-    text += ValueLine("V/V0", *lattice.ratio, "0.00000", "") + "  (V0 " + Picture(lattice.V0, "0.0000") + " Å^3)\n";
+    text += ValueLine("V/V0", *lattice.ratio, "0.00000", "") + "  (V0 " +
+            Picture(lattice.V0, "0.0000") + " Å^3)\n";
   }
   if (lattice.pressure) {
     const ValueWithError pressure{lattice.pressure->P, lattice.pressure->Error};
-    text += ValueLine("P", pressure, "0.00000", "GPa") + " at " + analysis.temperature + " deg C  (" +
-            lattice.pressure->Scale->Name + ")\n";
+    text += ValueLine("P", pressure, "0.00000", "GPa") + " at " + analysis.temperature +
+            " deg C  (" + lattice.pressure->Scale->Name + ")\n";
   }
   return text;
 }
@@ -142,7 +152,8 @@ std::string CompactValue(double value, double error) {
     scaled *= 10;
     ++decimals;
   }
-  const std::string picture = decimals == 0 ? "0" : "0." + std::string(static_cast<std::size_t>(decimals), '0');
+  const std::string picture =
+      decimals == 0 ? "0" : "0." + std::string(static_cast<std::size_t>(decimals), '0');
   return Picture(value, picture) + "(" + Picture(scaled, "0") + ")";
 }
 
@@ -155,19 +166,21 @@ std::string HeadLine(const Analysis& analysis) {
     text += "    " + std::string(entry.name) + " = " + CompactValue(value.value, value.error) +
             (IsLength(entry) ? " Å" : "°");
   }
-  if (lattice.ratio) text += "    V/V0 = " + CompactValue(lattice.ratio->value, lattice.ratio->error);
+  if (lattice.ratio)
+    text += "    V/V0 = " + CompactValue(lattice.ratio->value, lattice.ratio->error);
   if (lattice.pressure) {
-    text += "    P = " + CompactValue(lattice.pressure->P, std::fabs(lattice.pressure->Error)) + " GPa at " +
-            analysis.temperature + " °C";
+    text += "    P = " + CompactValue(lattice.pressure->P, std::fabs(lattice.pressure->Error)) +
+            " GPa at " + analysis.temperature + " °C";
   }
   return text;
 }
 
 std::string TableText(const Analysis& analysis) {
-  std::string text = analysis.path + "  " + analysis.sample + "  " + std::to_string(analysis.channels) +
-                     " channels  2-theta " + Picture(analysis.two_theta_deg, "0.0000") + " deg\n";
-  std::vector<Cells> rows{
-      {"no", "channel", "E/keV", "d/Å", "height", "FWHM/keV", "area", "hkl", "d(cal)", "d-d(cal)", "use"}};
+  std::string text = analysis.path + "  " + analysis.sample + "  " +
+                     std::to_string(analysis.channels) + " channels  2-theta " +
+                     Picture(analysis.two_theta_deg, "0.0000") + " deg\n";
+  std::vector<Cells> rows{{"no", "channel", "E/keV", "d/Å", "height", "FWHM/keV", "area", "hkl",
+                           "d(cal)", "d-d(cal)", "use"}};
   for (const PeakRow& row : analysis.peaks) rows.push_back(PeakCells(rows.size(), row));
   text += Columns(rows);
   if (analysis.indexed) text += LatticeText(analysis);
@@ -186,13 +199,13 @@ std::string PeakCsv(const Analysis& analysis, bool with_file, std::string_view l
   for (const PeakRow& row : analysis.peaks) {
     if (with_file) text += Quoted(analysis.path) + ",";
     text += Picture(row.channel, "0.0000") + "," + Picture(row.energy_kev, "0.00000") + "," +
-            Picture(row.d, "0.000000") + "," + Picture(row.height, "0.00") + "," + Picture(row.fwhm_kev, "0.00000") +
-            "," + Picture(row.area, "0.0") + ",";
+            Picture(row.d, "0.000000") + "," + Picture(row.height, "0.00") + "," +
+            Picture(row.fwhm_kev, "0.00000") + "," + Picture(row.area, "0.0") + ",";
     if (row.line) {
       const LatticeLine& line = *row.line;
-      text += std::to_string(line.hkl.h) + "," + std::to_string(line.hkl.k) + "," + std::to_string(line.hkl.l) + "," +
-              Picture(line.d_cal, "0.000000") + "," + Picture(line.d_obs - line.d_cal, "0.000000") + "," +
-              (line.used ? "yes" : "no");
+      text += std::to_string(line.hkl.h) + "," + std::to_string(line.hkl.k) + "," +
+              std::to_string(line.hkl.l) + "," + Picture(line.d_cal, "0.000000") + "," +
+              Picture(line.d_obs - line.d_cal, "0.000000") + "," + (line.used ? "yes" : "no");
     } else {
       text += ",,,,,";
     }

@@ -12,7 +12,7 @@
 namespace dorvane {
 namespace {
 
-constexpr int kVolume = 7;  // place in LatticeResult::Direct
+constexpr int kVolume = 7;             // place in LatticeResult::Direct
 constexpr int kLinesPerParameter = 2;  // that remain when outliers are excluded
 
 Hkl HklOf(const LineRec& line) {
@@ -28,7 +28,8 @@ bool IsExcluded(const LatticeRequest& request, const Hkl& hkl) {
   return Contains(request.exclude_lines, hkl);
 }
 
-// A line has to be indexed before it can be excluded; an excluded one keeps its entry when the refinement indexes anew.
+// A line has to be indexed before it can be excluded; an excluded one keeps its entry when the
+// refinement indexes anew.
 void ExcludeLines(LatticeState& state, const Workspace& workspace, const RefineInput& input,
                   const LatticeRequest& request) {
   CrystalRec& crystal = state.Library.CrystalTable[input.crystal_index];
@@ -40,7 +41,8 @@ void ExcludeLines(LatticeState& state, const Workspace& workspace, const RefineI
 }
 
 double RefinedD(std::int16_t lattice_type, const Hkl& hkl, const CellVector& cell) {
-  return CalcDSpacing(lattice_type, hkl.h, hkl.k, hkl.l, cell[1], cell[2], cell[3], cell[4], cell[5], cell[6]);
+  return CalcDSpacing(lattice_type, hkl.h, hkl.k, hkl.l, cell[1], cell[2], cell[3], cell[4],
+                      cell[5], cell[6]);
 }
 
 void ListLines(const LatticeState& state, int peak_count, LatticeReport& report) {
@@ -53,15 +55,16 @@ void ListLines(const LatticeState& state, int peak_count, LatticeReport& report)
     row.hkl = HklOf(line);
     row.d_obs = line.DObs;
     row.d_seed = line.DCalc;
-    row.d_cal = report.cell ? RefinedD(report.lattice_type, row.hkl, report.cell->Direct) : line.DCalc;
+    row.d_cal =
+        report.cell ? RefinedD(report.lattice_type, row.hkl, report.cell->Direct) : line.DCalc;
     row.excluded = line.Unused != 0;
     row.used = report.cell && !row.excluded && line.Angle > 0;
     report.lines.push_back(row);
   }
 }
 
-bool Refine(LatticeState& state, const Workspace& workspace, const RefineInput& input, LatticeReport& report,
-            Dialogs& dialogs) {
+bool Refine(LatticeState& state, const Workspace& workspace, const RefineInput& input,
+            LatticeReport& report, Dialogs& dialogs) {
   LatticeResult result;
   const bool refined = RefineLattice(state, workspace, input, result, dialogs) == 0;
   if (refined) report.cell = result;
@@ -85,8 +88,8 @@ const LatticeLine* OutlierOf(const LatticeReport& report, int parameters, double
   return used > kLinesPerParameter * parameters ? worst : nullptr;
 }
 
-void RejectOutliers(LatticeState& state, const Workspace& workspace, const RefineInput& input, double limit,
-                    LatticeReport& report, Dialogs& dialogs) {
+void RejectOutliers(LatticeState& state, const Workspace& workspace, const RefineInput& input,
+                    double limit, LatticeReport& report, Dialogs& dialogs) {
   if (!(limit > 0)) return;
   while (const LatticeLine* outlier = OutlierOf(report, state.Fit.ParamCount, limit)) {
     state.Lines[outlier->peak].Unused = kTrue;
@@ -103,9 +106,10 @@ void SetVolume(LatticeReport& report, const ValueWithError& volume, double V0) {
 
 void SampleVolume(const CrystalRec& crystal, LatticeReport& report) {
   const auto in_float = [](double value) { return static_cast<float>(value); };
-  const double V0 = CalcVolume(in_float(crystal.Lat[0]), in_float(crystal.Lat[1]), in_float(crystal.Lat[2]),
-                               in_float(crystal.Ang[0]), in_float(crystal.Ang[1]), in_float(crystal.Ang[2]),
-                               report.lattice_type);
+  const double V0 =
+      CalcVolume(in_float(crystal.Lat[0]), in_float(crystal.Lat[1]), in_float(crystal.Lat[2]),
+                 in_float(crystal.Ang[0]), in_float(crystal.Ang[1]), in_float(crystal.Ang[2]),
+                 report.lattice_type);
   SetVolume(report, {report.cell->Direct[kVolume], report.cell->DirectErr[kVolume]}, V0);
 }
 
@@ -138,8 +142,8 @@ int FindCrystal(const CrystalLibrary& library, std::string_view name) {
   return -1;
 }
 
-LatticeReport RunLattice(LatticeState& state, const Workspace& workspace, int data_no, const LatticeRequest& request,
-                         Dialogs& dialogs) {
+LatticeReport RunLattice(LatticeState& state, const Workspace& workspace, int data_no,
+                         const LatticeRequest& request, Dialogs& dialogs) {
   LatticeReport report;
   if (!IsNumeric(request.temperature)) {
     dialogs.Message("Temp Error");

@@ -117,7 +117,8 @@ double CellVolume(const SeedCell& cell, std::int16_t lattice_type) {
 
 void SettleCell(const SimulationRequest& request, SimulatedSpectrum& spectrum) {
   const CrystalRec& crystal = request.crystal;
-  const int given = request.pressure.has_value() + request.volume_ratio.has_value() + request.cell.has_value();
+  const int given =
+      request.pressure.has_value() + request.volume_ratio.has_value() + request.cell.has_value();
   Require(given <= 1, "pressure, V/V0 and cell exclude each other");
   double factor = 1;
   if (request.pressure) factor = LengthFactorAt(crystal, *request.pressure, request.temperature);
@@ -128,7 +129,8 @@ void SettleCell(const SimulationRequest& request, SimulatedSpectrum& spectrum) {
   spectrum.cell = request.cell.value_or(Scaled(crystal, factor));
   spectrum.volume_ratio = Divide(CellVolume(spectrum.cell, crystal.LatticeType),
                                  CellVolume(SeedOf(crystal), crystal.LatticeType));
-  if (!request.cell && HasScale(crystal)) spectrum.pressure = PressureAt(crystal, factor, request.temperature);
+  if (!request.cell && HasScale(crystal))
+    spectrum.pressure = PressureAt(crystal, factor, request.temperature);
 }
 
 void FillRecord(const SimulationRequest& request, double seconds, SimulatedSpectrum& spectrum) {
@@ -153,7 +155,8 @@ double BeamAt(const BeamShape& beam, double energy_kev) {
 }
 
 // Places a line of an energy; false where its centre is outside of the channels.
-bool PlaceLine(const SimulationRequest& request, const MeasProp& prop, double energy_kev, SimulatedLine& line) {
+bool PlaceLine(const SimulationRequest& request, const MeasProp& prop, double energy_kev,
+               SimulatedLine& line) {
   line.energy_kev = energy_kev;
   line.index = EnergyToCh(energy_kev, prop.EGC) - 1;
   if (!(line.index > 0 && line.index < request.channels - 1)) return false;
@@ -184,9 +187,10 @@ void AddDiffraction(const SimulationRequest& request, SimulatedSpectrum& spectru
   for (int i = 0; i < crystal.LineCount; ++i) {
     SimulatedLine line;
     line.hkl = {crystal.H[i], crystal.K[i], crystal.L[i]};
-    line.name = std::to_string(line.hkl.h) + " " + std::to_string(line.hkl.k) + " " + std::to_string(line.hkl.l);
-    line.d = CalcDSpacing(crystal.LatticeType, line.hkl.h, line.hkl.k, line.hkl.l, at(0), at(1), at(2), at(3), at(4),
-                          at(5));
+    line.name = std::to_string(line.hkl.h) + " " + std::to_string(line.hkl.k) + " " +
+                std::to_string(line.hkl.l);
+    line.d = CalcDSpacing(crystal.LatticeType, line.hkl.h, line.hkl.k, line.hkl.l, at(0), at(1),
+                          at(2), at(3), at(4), at(5));
     if (!PlaceLine(request, prop, Divide(kHc, 2 * line.d * sine), line)) continue;
     line.multiplicity = Multiplicity(crystal.LatticeType, line.hkl);
     line.area = line.multiplicity * line.d * line.d * BeamAt(request.beam, line.energy_kev);
@@ -198,7 +202,8 @@ void AddDiffraction(const SimulationRequest& request, SimulatedSpectrum& spectru
 // Brings the areas to counts; the height of the strongest line, to which the shares refer.
 double ScaleAreas(double strongest_counts, std::vector<SimulatedLine>& lines) {
   const auto strongest = std::max_element(
-      lines.begin(), lines.end(), [](const SimulatedLine& a, const SimulatedLine& b) { return a.area < b.area; });
+      lines.begin(), lines.end(),
+      [](const SimulatedLine& a, const SimulatedLine& b) { return a.area < b.area; });
   const double factor = Divide(strongest_counts, strongest->area);
   for (SimulatedLine& line : lines) {
     line.area *= factor;
@@ -207,7 +212,8 @@ double ScaleAreas(double strongest_counts, std::vector<SimulatedLine>& lines) {
   return strongest->height;
 }
 
-void AddFluorescence(const SimulationRequest& request, double reference_height, SimulatedSpectrum& spectrum) {
+void AddFluorescence(const SimulationRequest& request, double reference_height,
+                     SimulatedSpectrum& spectrum) {
   for (const FluorescenceLine& wanted : request.fluorescence) {
     Require(wanted.share >= 0 && std::isfinite(wanted.share), "share of a fluorescence line");
     SimulatedLine line;
@@ -220,7 +226,8 @@ void AddFluorescence(const SimulationRequest& request, double reference_height, 
   }
 }
 
-void AddBackground(const SimulationRequest& request, double reference_height, SimulatedSpectrum& spectrum) {
+void AddBackground(const SimulationRequest& request, double reference_height,
+                   SimulatedSpectrum& spectrum) {
   const BackgroundShape& shape = request.background;
   for (int i = 0; i < request.channels; ++i) {
     const double energy = ChToEnergy(i + 1, spectrum.record.Prop.EGC);
@@ -244,15 +251,22 @@ void AddLines(int channels, SimulatedSpectrum& spectrum) {
 }
 
 void CheckRequest(const SimulationRequest& request) {
-  Require(request.channels >= kFewestChannels && request.channels <= kMaxChannels, "number of channels: 64 to 8192");
-  Require(request.two_theta_deg > 0 && request.two_theta_deg < 180, "2-theta: above 0 and below 180 degrees");
+  Require(request.channels >= kFewestChannels && request.channels <= kMaxChannels,
+          "number of channels: 64 to 8192");
+  Require(request.two_theta_deg > 0 && request.two_theta_deg < 180,
+          "2-theta: above 0 and below 180 degrees");
   Require(IsPositive(request.egc[1]), "EGC: the second coefficient has to be positive");
-  Require(IsPositive(request.rate) && IsPositive(request.counting_time), "rate and counting time: above 0");
-  Require(IsPositive(request.strongest_counts.value_or(1)), "counts of the strongest line: above 0");
-  Require(request.width.constant_kev2 >= 0 && request.width.slope_kev >= 0, "width of the detector: not below 0");
+  Require(IsPositive(request.rate) && IsPositive(request.counting_time),
+          "rate and counting time: above 0");
+  Require(IsPositive(request.strongest_counts.value_or(1)),
+          "counts of the strongest line: above 0");
+  Require(request.width.constant_kev2 >= 0 && request.width.slope_kev >= 0,
+          "width of the detector: not below 0");
   const BackgroundShape& shape = request.background;
-  Require(shape.exponential_share >= 0 && shape.hump_share >= 0, "shares of the background: not below 0");
-  Require(IsPositive(shape.exponential_kev) && IsPositive(shape.hump_width_kev), "extents of the background: above 0");
+  Require(shape.exponential_share >= 0 && shape.hump_share >= 0,
+          "shares of the background: not below 0");
+  Require(IsPositive(shape.exponential_kev) && IsPositive(shape.hump_width_kev),
+          "extents of the background: above 0");
   Require(IsPositive(request.beam.peak_kev), "peak of the beam: above 0");
 }
 
@@ -279,8 +293,11 @@ int Multiplicity(std::int16_t lattice_type, const Hkl& hkl) {
 }
 
 double LengthFactorAt(const CrystalRec& crystal, double pressure_gpa, double temperature_c) {
-  if (!HasScale(crystal)) throw Fault(FaultCode::BadArgument, "no pressure scale for " + crystal.Name);
-  const auto pressure_at = [&](double factor) { return PressureAt(crystal, factor, temperature_c); };
+  if (!HasScale(crystal))
+    throw Fault(FaultCode::BadArgument, "no pressure scale for " + crystal.Name);
+  const auto pressure_at = [&](double factor) {
+    return PressureAt(crystal, factor, temperature_c);
+  };
   double low_pressure = kLongestFactor;  // the factor of the lower pressure
   double previous = pressure_at(low_pressure);
   Require(previous <= pressure_gpa, "pressure: too low for the scale");

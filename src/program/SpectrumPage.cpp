@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <string_view>
 
 #include "display/DrawScale.h"
 #include "processing/Calc.h"
@@ -18,15 +19,17 @@ constexpr double kTextPoints = 10;
 constexpr double kMargin = 16;
 constexpr double kCountAxisWidth = 52;
 constexpr double kUnitAxisHeight = 44;
-constexpr double kHeadGap = 10;       // pixels between the head's lines and the graph
-constexpr double kLabelGap = 4;       // pixels between counts and label
-constexpr double kLabelPadding = 3;   // pixels between labels
-constexpr double kLeaderFrom = 8;     // a label so far above its place gets a line down to it
-constexpr double kHeadRoom = 1.18;    // of the height over the largest count
+constexpr double kHeadGap = 6;       // pixels between the head's lines and the graph
+constexpr double kLabelGap = 4;      // pixels between counts and label
+constexpr double kLabelPadding = 3;  // pixels between labels
+constexpr double kLeaderFrom = 8;    // a label so far above its place gets a line down to it
+constexpr double kHeadRoom = 1.18;   // of the height over the largest count
 constexpr int kUnitDivisions = 10;
-constexpr double kCurveStep = 0.25;   // channels between two points of a fitted line
+constexpr double kCurveStep = 0.25;  // channels between two points of a fitted line
 constexpr double kFitWidth = 1.5;
+constexpr double kTickRoom = 8;  // pixels between the names of counts and the count axis
 constexpr std::int32_t kLogNominal = 10000000;
+constexpr std::string_view kCountsName = "counts";
 
 struct Plot {
   double x = 0, y = 0, width = 0, height = 0;
@@ -38,7 +41,15 @@ struct TextBox {
 };
 
 bool Overlap(const TextBox& a, const TextBox& b) {
-  return a.left < b.right + kLabelPadding && b.left < a.right + kLabelPadding && a.top < b.bottom && b.top < a.bottom;
+  return a.left < b.right + kLabelPadding && b.left < a.right + kLabelPadding && a.top < b.bottom &&
+         b.top < a.bottom;
+}
+
+Color Mixed(Color a, Color b) {
+  const auto half = [](Color x, Color y, int shift) {
+    return (((x >> shift) & 0xFF) + ((y >> shift) & 0xFF)) / 2;
+  };
+  return Rgb(half(a, b, 0), half(a, b, 8), half(a, b, 16));
 }
 
 // First and last channel shown, at least two.
@@ -68,13 +79,14 @@ std::int32_t HeightFor(std::int32_t largest) {
   return std::max(largest, ScaleValue(kScaleSteps - 1));
 }
 
-// Counts of a fitted line with its background at a channel index with a fraction. The background's slope counts from 1
-// at the start of the region, as the fit does.
+// Counts of a fitted line with its background at a channel index with a fraction. The background's
+// slope counts from 1 at the start of the region, as the fit does.
 double FittedCounts(const PeakRec& peak, double channel) {
   const std::array shape{peak.GaussRatio * peak.Height, peak.Center, peak.HalfWidth,
                          (1 - peak.GaussRatio) * peak.Height};
   int error = 0;
-  return MixFunc(channel, shape, error) + peak.BackConst + peak.BackSlope * (channel - peak.RegionStart + 1);
+  return MixFunc(channel, shape, error) + peak.BackConst +
+         peak.BackSlope * (channel - peak.RegionStart + 1);
 }
 
 class PagePainter {
@@ -107,13 +119,19 @@ class PagePainter {
   }
 
  private:
+  // Title and details above the graph, the count axis's name above that axis; the lower edge of it
+  // all.
   double Head(Surface& page) const {
+    const Color ink = colors_[kColorAxis];
     double y = kMargin * 0.6;
     page.SetFontSize(kTitlePoints);
-    page.Text({kMargin, y}, content_.title, colors_[kColorAxis]);
-    y += page.TextHeight();
+    page.Text({kMargin + kCountAxisWidth, y}, content_.title, ink);
+    y += page.TextHeight() + kHeadGap / 2;
     page.SetFontSize(kTextPoints);
-    if (!content_.details.empty()) page.Text({kMargin, y}, content_.details, colors_[kColorAxis]);
+    if (!content_.details.empty()) page.Text({kMargin + kCountAxisWidth, y}, content_.details, ink);
+    y += page.TextHeight();
+    page.Text({kMargin + kCountAxisWidth - kTickRoom - page.TextWidth(kCountsName), y}, kCountsName,
+              ink);
     return y + page.TextHeight();
   }
 
@@ -129,7 +147,10 @@ class PagePainter {
     spect.SetStartX(kPageView, ToInt16(shown_.first));
     spect.SetDivisions(kPageView, CountTicksOf(axis_height_).Divisions);
     spect.SetSurface(kPageView, &graph);
+    // Paler than on the screen, where the lines are also handles.
+    spect.SetMarkColors(Mixed(colors_[kColorPeakMark], ground), colors_[kColorGrid]);
     spect.Redraw(kPageView);
+    spect.SetMarkColors(colors_[kColorPeakMark], colors_[kColorGrid]);
   }
 
   double XOf(double channel) const {
@@ -155,7 +176,8 @@ class PagePainter {
       std::vector<Segment> line;
       for (double channel = first; channel + kCurveStep <= last; channel += kCurveStep) {
         const double next = channel + kCurveStep;
-        line.push_back({{XOf(channel), YOf(FittedCounts(peak, channel))}, {XOf(next), YOf(FittedCounts(peak, next))}});
+        line.push_back({{XOf(channel), YOf(FittedCounts(peak, channel))},
+                        {XOf(next), YOf(FittedCounts(peak, next))}});
       }
       graph.Lines(line, colors_[kColorFitCurve]);
     }
@@ -177,16 +199,19 @@ class PagePainter {
     graph.SetScale(0, 0, plot_.width, plot_.height);
     graph.SetFontSize(kTextPoints);
     const double text_height = graph.TextHeight();
+    const Color pale = Mixed(colors_[kColorAxis], colors_[kColorWindowBack]);
     std::vector<TextBox> placed;
     for (const PageLabel& label : content_.labels) {
       if (label.channel < shown_.first || label.channel > shown_.last) continue;
       const double x = XOf(label.channel);
       const double text_width = graph.TextWidth(label.text);
-      const double left = std::clamp(x - text_width / 2, 0.0, std::max(plot_.width - text_width, 0.0));
+      const double left =
+          std::clamp(x - text_width / 2, 0.0, std::max(plot_.width - text_width, 0.0));
       const double bottom = SkyOf(left, left + text_width) - kLabelGap;
       TextBox box{left, bottom - text_height, left + text_width, bottom};
       const auto collides = [&] {
-        return std::any_of(placed.begin(), placed.end(), [&](const TextBox& other) { return Overlap(box, other); });
+        return std::any_of(placed.begin(), placed.end(),
+                           [&](const TextBox& other) { return Overlap(box, other); });
       };
       while (box.top >= 0 && collides()) {
         box.top -= text_height / 2;
@@ -195,30 +220,33 @@ class PagePainter {
       if (box.top < 0) continue;
       placed.push_back(box);
       const double foot = SkyOf(x - 1, x + 1) - kLabelGap / 2;
-      if (foot - box.bottom > kLeaderFrom) graph.Box({x, box.bottom}, {x, foot}, colors_[kColorAxis], 0.35);
+      if (foot - box.bottom > kLeaderFrom) graph.Box({x, box.bottom}, {x, foot}, pale, 1);
+      graph.Box({box.left - 1, box.top}, {box.right + 1, box.bottom}, colors_[kColorWindowBack], 1);
       graph.Text({box.left, box.top}, label.text, colors_[kColorAxis]);
     }
   }
 
   void DrawFrame(Surface& page) const {
     const Color ink = colors_[kColorAxis];
+    const Color pale = Mixed(ink, colors_[kColorWindowBack]);
     const Point upper_left{plot_.x, plot_.y};
     const Point lower_right{plot_.x + plot_.width, plot_.y + plot_.height};
-    page.Box(upper_left, {lower_right.x, upper_left.y}, ink, 0.5);
+    page.Box(upper_left, {lower_right.x, upper_left.y}, pale, 1);
     page.Box(upper_left, {upper_left.x, lower_right.y}, ink, 1);
     page.Box({upper_left.x, lower_right.y}, lower_right, ink, 1);
-    page.Box({lower_right.x, upper_left.y}, lower_right, ink, 0.5);
+    page.Box({lower_right.x, upper_left.y}, lower_right, pale, 1);
     page.SetFontSize(kTextPoints);
   }
 
   void DrawAxes() const {
     const Color ink = colors_[kColorAxis];
-    const auto counts = make_panel_(plot_.x - kCountAxisWidth, plot_.y, kCountAxisWidth, plot_.height);
+    const auto counts =
+        make_panel_(plot_.x - kCountAxisWidth, plot_.y, kCountAxisWidth, plot_.height);
     DrawCountAxis(*counts, axis_height_, ink);
     const auto units = make_panel_(plot_.x, plot_.y + plot_.height, plot_.width, kUnitAxisHeight);
     const double channels = shown_.last - shown_.first + 1;
-    DrawUnitAxis(*units, program_.workspace, content_.data_no, content_.unit, kUnitDivisions, channels,
-                 shown_.first, ink);
+    DrawUnitAxis(*units, program_.workspace, content_.data_no, content_.unit, kUnitDivisions,
+                 channels, shown_.first, ink);
   }
 
   Program& program_;

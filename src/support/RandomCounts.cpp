@@ -13,8 +13,8 @@ namespace {
 constexpr double kRejectionFrom = 10;
 constexpr double kLargestMean = 1e9;
 
-// ln k! by Stirling's series (M. Abramowitz, I. Stegun, 6.1.41), exact products below 10. The library's lgamma is not
-// the same everywhere.
+// ln k! by Stirling's series (M. Abramowitz, I. Stegun, 6.1.41), exact products below 10. The
+// library's lgamma is not the same everywhere.
 double LogFactorial(double k) {
   if (k < 10) {
     double product = 1;

@@ -6,8 +6,8 @@
 
 namespace dorvane {
 
-// The generator xoshiro256** (D. Blackman, S. Vigna, ACM Trans. Math. Softw. 47 (2021) 36), its state filled by
-// splitmix64 (G. Steele, D. Lea, C. Flood, OOPSLA 2014).
+// The generator xoshiro256** (D. Blackman, S. Vigna, ACM Trans. Math. Softw. 47 (2021) 36), its
+// state filled by splitmix64 (G. Steele, D. Lea, C. Flood, OOPSLA 2014).
 class RandomCounts {
  public:
   explicit RandomCounts(std::uint64_t seed);
@@ -15,9 +15,9 @@ class RandomCounts {
   std::uint64_t Next();
   // At least 0, below 1.
   double Uniform();
-  // A count with that mean; 0 for a mean of 0 or less. By inversion below a mean of 10, above it by transformed
-  // rejection (W. Hoermann, Insurance: Mathematics and Economics 12 (1993) 39, algorithm PTRS). Means up to 1e9; throws
-  // Fault(Overflow) above and for NaN.
+  // A count with that mean; 0 for a mean of 0 or less. By inversion below a mean of 10, above it by
+  // transformed rejection (W. Hoermann, Insurance: Mathematics and Economics 12 (1993) 39,
+  // algorithm PTRS). Means up to 1e9; throws Fault(Overflow) above and for NaN.
   std::int32_t Poisson(double mean);
 
  private:
