@@ -1,0 +1,118 @@
+#include "qt/QtDialogs.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QRegularExpression>
+
+#include "qt/Text.h"
+
+namespace dorvane {
+namespace {
+
+constexpr const char* kProgramName = "Dorvane";
+constexpr const char* kAllFiles = "All files (*)";
+
+// An arrow while a box waits for its answer, whatever the pointer was.
+class ArrowPointer {
+ public:
+  ArrowPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+  ~ArrowPointer() { QApplication::restoreOverrideCursor(); }
+  ArrowPointer(const ArrowPointer&) = delete;
+  ArrowPointer& operator=(const ArrowPointer&) = delete;
+};
+
+QMessageBox::Icon IconOf(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::Exclamation:
+      return QMessageBox::Warning;
+    case BoxIcon::Question:
+      return QMessageBox::Question;
+    case BoxIcon::None:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+}  // namespace
+
+void QtDialogs::Show(const QString& caption, std::string_view text) {
+  ++refusals_;
+  if (on_message_) on_message_(text);
+  const ArrowPointer arrow;
+  QMessageBox box(QMessageBox::NoIcon, caption, ToQString(text), QMessageBox::Ok, parent_);
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+}
+
+void QtDialogs::Message(std::string_view text) {
+  Show(kProgramName, text);
+}
+
+void QtDialogs::CaptionedMessage(std::string_view caption, std::string_view text) {
+  Show(ToQString(caption), text);
+}
+
+bool QtDialogs::AskYesNo(const Question& question) {
+  const ArrowPointer arrow;
+  const QString caption = question.caption.empty() ? kProgramName : ToQString(question.caption);
+  QMessageBox box(IconOf(question.icon), caption, ToQString(question.text),
+                  QMessageBox::Yes | QMessageBox::No, parent_);
+  box.setTextFormat(Qt::PlainText);
+  box.setDefaultButton(question.no_is_default ? QMessageBox::No : QMessageBox::Yes);
+  box.setEscapeButton(QMessageBox::No);
+  const bool yes = box.exec() == QMessageBox::Yes;
+  if (!yes) ++refusals_;
+  return yes;
+}
+
+std::vector<std::string> QtDialogs::ChooseFilesToOpen(const FileRequest& request) {
+  QFileDialog dialog(parent_, "Open Spectra", directory_);
+  dialog.setFileMode(request.several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
+  dialog.setNameFilters(NameFilters(request.filter));
+  last_opened_.clear();
+  if (dialog.exec() != QDialog::Accepted) return {};
+  for (const QString& path : dialog.selectedFiles()) last_opened_.push_back(ToUtf8(path));
+  directory_ = dialog.directory().absolutePath();
+  return last_opened_;
+}
+
+std::optional<std::string> QtDialogs::ChooseFileToSave(const FileRequest& request) {
+  QFileDialog dialog(parent_, "Save Graph", directory_);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);  // the writers ask themselves
+  dialog.setNameFilters(NameFilters(request.filter));
+  dialog.selectFile(ToQString(request.file_name));
+  last_saved_.clear();
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  directory_ = dialog.directory().absolutePath();
+  last_saved_ =
+      ToUtf8(WithExtension(dialog.selectedFiles().constFirst(), dialog.selectedNameFilter()));
+  return last_saved_;
+}
+
+QStringList NameFilters(std::string_view filter) {
+  QStringList out;
+  const QStringList parts = ToQString(filter).split('|', Qt::SkipEmptyParts);
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    QStringList patterns;
+    for (const QString& pattern : parts[i + 1].split(';', Qt::SkipEmptyParts)) {
+      patterns << pattern.toLower() << pattern.toUpper();
+    }
+    out << parts[i] + " (" + patterns.join(' ') + ")";
+  }
+  return out << kAllFiles;
+}
+
+QString WithExtension(const QString& path, const QString& name_filter) {
+  if (!QFileInfo(path).suffix().isEmpty()) return path;
+  static const QRegularExpression first_pattern(R"(\(\*\.(\w+)[^()]*\)$)");
+  const auto match = first_pattern.match(name_filter);
+  return match.hasMatch() ? path + "." + match.captured(1) : path;
+}
+
+}  // namespace dorvane

@@ -1,0 +1,52 @@
+// Boxes and file dialogs of the desktop.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+#include <functional>
+
+#include "support/Dialogs.h"
+
+namespace dorvane {
+
+class QtDialogs : public Dialogs {
+ public:
+  // Boxes stand over this window, which outlives the dialogs' last use.
+  void SetParent(QWidget* parent) { parent_ = parent; }
+  // Told of every message before its box is shown.
+  void OnMessage(std::function<void(std::string_view)> on_message) {
+    on_message_ = std::move(on_message);
+  }
+  // The directory that file dialogs open in; that of the last choice from then on.
+  void SetDirectory(const QString& directory) { directory_ = directory; }
+
+  void Message(std::string_view text) override;
+  void CaptionedMessage(std::string_view caption, std::string_view text) override;
+  bool AskYesNo(const Question& question) override;
+  std::vector<std::string> ChooseFilesToOpen(const FileRequest& request) override;
+  std::optional<std::string> ChooseFileToSave(const FileRequest& request) override;
+
+  // Messages and answers of No since the program started.
+  int Refusals() const { return refusals_; }
+  // Answers of the last file dialogs; empty after Cancel.
+  const std::vector<std::string>& LastOpened() const { return last_opened_; }
+  const std::string& LastSaved() const { return last_saved_; }
+
+ private:
+  void Show(const QString& caption, std::string_view text);
+
+  QWidget* parent_ = nullptr;
+  std::function<void(std::string_view)> on_message_;
+  QString directory_;
+  int refusals_ = 0;
+  std::vector<std::string> last_opened_;
+  std::string last_saved_;
+};
+
+// "Text|*.a;*.b|..." as the desktop's name filters, each pattern in both cases.
+QStringList NameFilters(std::string_view filter);
+// The path with the first extension of the chosen filter behind it where it has none of its own.
+QString WithExtension(const QString& path, const QString& name_filter);
+
+}  // namespace dorvane

@@ -1,0 +1,77 @@
+#include "qt/Readouts.h"
+
+#include <QFontDatabase>
+#include <QFontMetricsF>
+
+namespace dorvane {
+
+QFont TabularFont(const QFont& base) {
+  const QFontMetricsF metrics(base);
+  const QString digits = "0123456789";
+  for (const QChar digit : digits) {
+    if (metrics.horizontalAdvance(digit) == metrics.horizontalAdvance('0')) continue;
+    QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    fixed.setPointSizeF(base.pointSizeF());
+    return fixed;
+  }
+  return base;
+}
+
+ValueLabel::ValueLabel(const QString& name, const QString& widest, QWidget* parent)
+    : QLabel(parent) {
+  setObjectName(name);
+  setFont(TabularFont(font()));
+  setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  setFixedWidth(fontMetrics().horizontalAdvance(widest) + 4);
+  setTextInteractionFlags(Qt::TextSelectableByMouse);
+}
+
+ElidedLabel::ElidedLabel(const QString& name, QWidget* parent) : QLabel(parent) {
+  setObjectName(name);
+  setFont(TabularFont(font()));
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+void ElidedLabel::SetWholeText(const QString& text) {
+  whole_ = text;
+  setToolTip(text);
+  updateGeometry();
+  Elide();
+}
+
+void ElidedLabel::Elide() {
+  setText(fontMetrics().elidedText(whole_, Qt::ElideRight, width()));
+}
+
+QSize ElidedLabel::minimumSizeHint() const {
+  return {fontMetrics().horizontalAdvance("0.000000..."), fontMetrics().height()};
+}
+
+QSize ElidedLabel::sizeHint() const {
+  return {fontMetrics().horizontalAdvance(whole_) + 4, fontMetrics().height()};
+}
+
+void ElidedLabel::resizeEvent(QResizeEvent* event) {
+  QLabel::resizeEvent(event);
+  Elide();
+}
+
+QLabel* FieldCaption(const QString& text, Qt::Alignment alignment, QWidget* parent) {
+  auto* caption = new QLabel(text, parent);
+  QFont small = caption->font();
+  small.setPointSizeF(small.pointSizeF() * 0.9);
+  caption->setFont(small);
+  caption->setAlignment(alignment | Qt::AlignBottom);
+  caption->setForegroundRole(QPalette::PlaceholderText);
+  return caption;
+}
+
+QFrame* VerticalRule(QWidget* parent) {
+  auto* rule = new QFrame(parent);
+  rule->setFrameShape(QFrame::VLine);
+  rule->setFrameShadow(QFrame::Plain);
+  rule->setForegroundRole(QPalette::Mid);
+  return rule;
+}
+
+}  // namespace dorvane

@@ -1,0 +1,33 @@
+#include "qt/Session.h"
+
+#include <QCoreApplication>
+#include <exception>
+
+#include "program/Commands.h"
+#include "qt/Text.h"
+
+namespace dorvane {
+
+Session::Session()
+    : program({dialogs, files, log, progress, notices},
+              ToUtf8(QCoreApplication::applicationDirPath()) + "/") {}
+
+void Session::Run(std::string_view command) {
+  progress.Start();
+  RunCommand(program, command);
+  progress.Finish();
+  emit Done();
+}
+
+void Session::Do(const std::function<void(Program&)>& operation) {
+  progress.Start();
+  try {
+    operation(program);
+  } catch (const std::exception& fault) {
+    dialogs.Message(fault.what());
+  }
+  progress.Finish();
+  emit Done();
+}
+
+}  // namespace dorvane

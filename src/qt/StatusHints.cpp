@@ -1,0 +1,88 @@
+#include "qt/StatusHints.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "program/OpenSave.h"
+
+namespace dorvane {
+namespace {
+
+struct HintRow {
+  std::string_view message;  // a part of it
+  const char* hint;
+};
+
+constexpr HintRow kHints[] = {
+    {"ShiftGraph: Data Notting!", "Open a spectrum first: Ctrl+O"},
+    {"No Data", "Open a spectrum first: Ctrl+O"},
+    {"ShiftGraph: List Over!", "All ten rows are in use: close a graph with Ctrl+W"},
+    {"Open Error", "The file is no spectrum of its format, or it is cut short"},
+    {"intPeakNo=-1", "The peak table is full: a spectrum holds 100 peaks"},
+    {"Peaks Cuted", "Peaks whose fit was not accepted have been removed"},
+    {"Fit Failed", "Smooth and subtract the background first, then fit again"},
+};
+constexpr std::string_view kNoSpace = "GetGraphSpace: Notting Space!";
+
+// Numbers that are taken without a row, by files that could not be read or rows that were closed
+// with their data kept.
+std::ptrdiff_t LostNumbers(const Workspace& workspace) {
+  const auto taken = std::count_if(workspace.DataUse.begin(), workspace.DataUse.end(),
+                                   [](std::int16_t use) { return use != 0; });
+  const auto shown = std::count_if(workspace.Slots.begin(), workspace.Slots.end(),
+                                   [](const GraphSlot& slot) { return slot.State != kRowEmpty; });
+  return taken - shown;
+}
+
+std::string FileName(const std::string& path) {
+  return std::filesystem::path(path).filename().string();
+}
+
+bool IsOpen(const Workspace& workspace, const std::string& path) {
+  return std::any_of(
+      workspace.Slots.begin(), workspace.Slots.end(), [&](const GraphSlot& slot) {
+        return slot.State != kRowEmpty && slot.Title == FileName(path);
+      });
+}
+
+}  // namespace
+
+std::string HintFor(std::string_view message, const Workspace& workspace) {
+  if (message == kNoSpace) {
+    const auto lost = LostNumbers(workspace);
+    if (lost <= 0) return "All ten numbers are in use: close a graph with Ctrl+W";
+    return std::to_string(lost) +
+           " of the ten numbers are held by files that could not be read: start the program again "
+           "to free them";
+  }
+  for (const HintRow& row : kHints) {
+    if (message.find(row.message) != std::string_view::npos) return row.hint;
+  }
+  return {};
+}
+
+std::string OpenSummary(const Workspace& workspace, const std::vector<std::string>& chosen) {
+  std::string unread;
+  const std::size_t tried = std::min<std::size_t>(chosen.size(), kMostFilesAtOnce);
+  for (std::size_t i = 0; i < tried; ++i) {
+    if (IsOpen(workspace, chosen[i])) continue;
+    unread += (unread.empty() ? "Not read: " : ", ") + FileName(chosen[i]);
+  }
+  if (chosen.size() > tried) {
+    unread += (unread.empty() ? "" : ". ") + std::string("Only the first ten files were read");
+  }
+  return unread;
+}
+
+std::string PeakSummary(const Program& program) {
+  const PeakTable& table = program.workspace.Peaks[program.view.DataNo];
+  const bool graph = program.workspace.Slots[program.view.GraphNo].State != kRowEmpty;
+  if (!graph || table.Count == 0) return {};
+  const auto fitted =
+      std::count_if(table.Peaks.begin(), table.Peaks.begin() + table.Count,
+                    [](const PeakRec& peak) { return peak.FitDone != kFalse; });
+  return std::to_string(table.Count) + (table.Count == 1 ? " peak, " : " peaks, ") +
+         std::to_string(fitted) + " fitted";
+}
+
+}  // namespace dorvane
