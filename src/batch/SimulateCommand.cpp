@@ -168,7 +168,9 @@ void AddSimulate(CLI::App& app, SimulateOptions& options) {
       ->capture_default_str();
   simulate->add_option("--fluorescence", options.fluorescence,
                        "Elements SYMBOL:SHARE,...; share of the strongest line");
-  simulate->add_option("--seed", request.seed, "Seed of the random counts")->capture_default_str();
+  simulate->add_option("--seed", request.seed, "Seed of the random counts")
+      ->check(CLI::NonNegativeNumber)
+      ->capture_default_str();
   simulate->add_flag("--quiet", options.quiet, "Print nothing but errors");
   simulate->add_flag("--overwrite", options.overwrite, "Replace files that exist");
 }

@@ -1,4 +1,4 @@
-// Random numbers that are the same on every machine: uniform ones, and counts of a Poisson process.
+// Random numbers that depend on no library: uniform ones, and counts of a Poisson process.
 #pragma once
 
 #include <array>
