@@ -43,6 +43,15 @@ void FollowRows(ViewState& view, int from, int step) {
   follow(view.GraphNo);
 }
 
+// A row past the last graph gives way to the graph before it.
+void StayOnGraphs(const Workspace& workspace, ViewState& view) {
+  const auto stay = [&workspace](std::int16_t& row) {
+    while (row > 0 && workspace.Slots[row].State == kRowEmpty) --row;
+  };
+  for (std::int16_t& row : view.SelectedRow) stay(row);
+  stay(view.GraphNo);
+}
+
 }  // namespace
 
 GraphKind KindOf(std::string_view title) {
@@ -106,7 +115,7 @@ std::int16_t ShiftGraph(const GraphList& list, int grp_no, int dir) {
 }
 
 std::int16_t InsertGraph(const GraphList& list) {
-  return ShiftGraph(list, 0, 1) == -1 ? GetGraphSpace(list, -1) : kNoEnd;
+  return ShiftGraph(list, 0, 1) == -1 ? GetGraphSpace(list, -1) : std::int16_t{-1};
 }
 
 void SetGraph(const GraphList& list, int win_no, int grp_no, int data_no, std::string_view title) {
@@ -158,6 +167,7 @@ void DeleteGraph(const GraphList& list, int grp_no) {
   }
   workspace.Slots[std::min(last, kRows - 1)] = GraphSlot{};
   FollowRows(list.view, grp_no + 1, -1);
+  StayOnGraphs(workspace, list.view);
   list.view.DataNo = workspace.Slots[list.view.GraphNo].DataNo;
   list.listener.SelectionListFilled();
   Add_cboGraphSel(list);
@@ -183,7 +193,7 @@ std::int16_t ConfirmUnsaved(const GraphList& list) {
 }
 
 std::int16_t GetRealWinNo(const GraphList& list) {
-  return list.view.WinStyle == kPileUp ? std::int16_t{0} : list.view.CurWin;
+  return list.view.PileUpOn != kFalse ? std::int16_t{0} : list.view.CurWin;
 }
 
 std::int16_t GetGrpNo(const GraphList& list) {
@@ -251,6 +261,10 @@ void ChangeActiveWin(const GraphList& list, int win_no) {
   view.Caption = kCaptionHead + slot.Title;
   view.CloseGraphCaption = "Close Graph(" + slot.Title + ")";
   list.listener.CaptionChanged();
+}
+
+bool HoldsGraph(const Workspace& workspace, int grp_no) {
+  return workspace.Slots[grp_no].State != kRowEmpty;
 }
 
 int FindRow(const Workspace& workspace, std::string_view title) {

@@ -52,7 +52,8 @@ void SetGraph(const GraphList& list, int win_no, int grp_no, int data_no, std::s
 // nothing happened. GrpNo >= 10 or an empty list: nothing.
 std::int16_t ClearGrp(const GraphList& list, int grp_no);
 
-// Removes the graph and closes the gap.
+// Removes the graph and closes the gap. The current row stays on its graph; when that was the last
+// of the list and is gone, it falls on the one before.
 void DeleteGraph(const GraphList& list, int grp_no);
 
 // ClearGrp on every row, then no peak lines in either window. The result of the last ClearGrp.
@@ -61,7 +62,7 @@ std::int16_t ClearAllGrp(const GraphList& list);
 // Asks about every unsaved row in turn. -1 when an answer was not Yes (keep the data), else 0.
 std::int16_t ConfirmUnsaved(const GraphList& list);
 
-// CurWin, but 0 in pile-up style.
+// CurWin, but 0 in pile-up style (PileUpOn).
 std::int16_t GetRealWinNo(const GraphList& list);
 // The selected row of the real window, 0 when nothing is selected.
 std::int16_t GetGrpNo(const GraphList& list);
@@ -80,9 +81,11 @@ void ChgValue_chkGrp(const GraphList& list, int win_no, int grp_no, bool value);
 // window is cleared.
 void ChangeActiveWin(const GraphList& list, int win_no);
 
+// Whether a row holds a graph. Faults (Subscript) outside 0..9.
+bool HoldsGraph(const Workspace& workspace, int grp_no);
 // First row with that title in list order, -1 when none.
 int FindRow(const Workspace& workspace, std::string_view title);
-// The last row of a kind, which the "... Graph" menu entries select; -1 when none.
+// The last row with a graph of a kind, which the "... Graph" menu entries select; -1 when none.
 int LastRowOfKind(const Workspace& workspace, GraphKind kind);
 
 }  // namespace dorvane

@@ -221,6 +221,82 @@ TEST_F(GraphListTest, ACountThatIsTooHighAfterNoBreaksNothing) {
   EXPECT_EQ(workspace->GrpCount, 0);
 }
 
+TEST_F(GraphListTest, InsertionWithoutAFreeNumberOpensTheRowButFillsNothing) {
+  Add("a.npd");
+  workspace->DataUse.fill(kTrue);
+  dialogs.ExpectMessage("GetGraphSpace: Notting Space!");
+  EXPECT_EQ(InsertGraph(list), -1);
+  EXPECT_EQ(workspace->GrpCount, 1);
+  EXPECT_EQ(workspace->Slots[0].State, kRowEmpty);
+  EXPECT_EQ(workspace->Slots[1].Title, "a.npd");
+}
+
+TEST_F(GraphListTest, MovingRowsTellsTheSelectionList) {
+  Add("a.npd");
+  Add("b.npd");
+  listener.notices.clear();
+  ShiftGraph(list, 0, 1);
+  EXPECT_THAT(listener.notices, ElementsAre("list"));
+  Change_cboGrphSel(list, 0, 1);
+  ShiftGraph(list, 1, -1);
+  EXPECT_EQ(view.GraphNo, 0);
+}
+
+TEST_F(GraphListTest, ClearingTellsTheViewsInOrder) {
+  Add("a.npd", 1);
+  listener.notices.clear();
+  ClearGrp(list, 0);
+  EXPECT_THAT(listener.notices, ElementsAre("removed 1 0", "row cleared 0", "selector", "checks"));
+}
+
+TEST_F(GraphListTest, DeletingTellsTheViewsInOrder) {
+  Add("a.npd", 1);
+  listener.notices.clear();
+  DeleteGraph(list, 0);
+  EXPECT_THAT(listener.notices, ElementsAre("removed 1 0", "row cleared 0", "selector", "checks",
+                                            "list", "selector", "checks", "redraw 1"));
+}
+
+TEST_F(GraphListTest, TheCurrentRowStaysOnItsGraphWhenOneBeforeItIsDeleted) {
+  Add("a.npd");
+  Add("b.npd");
+  Add("c.npd");
+  Change_cboGrphSel(list, 0, 2);
+  DeleteGraph(list, 0);
+  EXPECT_EQ(view.GraphNo, 1);
+  EXPECT_EQ(view.DataNo, 2);
+  EXPECT_EQ(view.SelectedRow[0], 1);
+}
+
+TEST_F(GraphListTest, DeletingTheLastRowMakesTheOneBeforeItCurrent) {
+  Add("a.npd");
+  Add("b.npd");
+  Change_cboGrphSel(list, 0, 1);
+  DeleteGraph(list, 1);
+  EXPECT_EQ(view.GraphNo, 0);
+  EXPECT_EQ(view.DataNo, 0);
+  EXPECT_EQ(view.SelectedRow[0], 0);
+}
+
+TEST_F(GraphListTest, AGraphOpensItsWindowForPilingUp) {
+  Add("a.npd", 1);
+  EXPECT_EQ(view.FilePile[0], kFalse);
+  EXPECT_EQ(view.FilePile[1], kTrue);
+  view.PileUpOn = kTrue;
+  Add("b.npd", 0);
+  EXPECT_EQ(view.FilePile[0], kTrue);
+  EXPECT_EQ(view.FilePile[1], kFalse);
+}
+
+TEST_F(GraphListTest, AGraphInTheSecondWindowEndsTheExpansion) {
+  view.ExpandOn = kTrue;
+  Add("a.npd", 0);
+  EXPECT_EQ(view.ExpandOn, kTrue);
+  Add("b.npd", 1);
+  EXPECT_EQ(view.ExpandOn, kFalse);
+  EXPECT_EQ(view.FilePile[0], kFalse);
+}
+
 TEST_F(GraphListTest, ClearingAllRemovesThePeakLinesOfBothWindows) {
   Add("a.npd");
   Add("b.npd");
@@ -233,9 +309,7 @@ TEST_F(GraphListTest, ClearingAllRemovesThePeakLinesOfBothWindows) {
 TEST_F(GraphListTest, TheRealWindowIsTheFirstInPileUpStyle) {
   view.CurWin = 1;
   EXPECT_EQ(GetRealWinNo(list), 1);
-  view.WinStyle = kPileUpSwitched;
-  EXPECT_EQ(GetRealWinNo(list), 1);
-  view.WinStyle = kPileUp;
+  view.PileUpOn = kTrue;
   EXPECT_EQ(GetRealWinNo(list), 0);
 }
 
@@ -312,6 +386,14 @@ TEST_F(GraphListTest, AnAreaCursorDoesNotFollowIntoAnotherWindow) {
   EXPECT_EQ(view.AreaStart, 10);
   ChangeActiveWin(list, 1);
   EXPECT_EQ(view.AreaStart, kNoEnd);
+}
+
+TEST_F(GraphListTest, WithoutTheAreaCursorAWindowChangeKeepsTheStoredEnds) {
+  view.AreaStart = 10;
+  view.AreaEnd = 20;
+  ChangeActiveWin(list, 1);
+  EXPECT_EQ(view.AreaStart, 10);
+  EXPECT_EQ(view.AreaEnd, 20);
 }
 
 TEST_F(GraphListTest, TheCheckBoxOfTheOtherWindowMovesAGraphThere) {
