@@ -23,9 +23,12 @@ void SmoothData(std::int16_t kind, std::span<std::int32_t> counts);
 
 // The peak shapes. Parameter 1 is element 0 of `p`, and the number of parameters in use is the size
 // of `p`:
-//   GaussFunc, LorentzFunc:  height, centre, half width at half maximum, constant background,
-//   background slope; MixFunc:                 Gaussian height, centre, half width, Lorentzian
-//   height, constant background, slope.
+//
+//   GaussFunc and LorentzFunc: height, centre, half width at half maximum, constant background,
+//   slope of the background;
+//
+//   MixFunc: Gaussian height, centre, half width, Lorentzian height, constant background, slope.
+//
 // The constant counts from 4 parameters on (MixFunc: 5), the slope for exactly 5 (MixFunc: exactly
 // 6). Centre and half width are in the unit of `x`, heights and backgrounds in counts, the slope in
 // counts per unit of x.

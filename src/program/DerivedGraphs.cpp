@@ -27,11 +27,16 @@ void SubtractBackground(Workspace& workspace, int source, int background, int di
   }
 }
 
+// A derived graph can only be made while a graph exists. An empty list says so itself.
+bool HasSource(const Program& program) {
+  return program.workspace.GrpCount <= 0 || HoldsGraph(program.workspace, program.view.GraphNo);
+}
+
 }  // namespace
 
 bool RowHasFlags(const Workspace& workspace, int grp_no, std::int16_t set, std::int16_t clear) {
   const GraphSlot& slot = workspace.Slots[grp_no];
-  if (slot.State == kRowEmpty) return false;
+  if (!HoldsGraph(workspace, grp_no)) return false;
   const std::int16_t flags = workspace.Spectra[slot.DataNo].Prop.Flags;
   return (flags & set) == set && (flags & clear) == 0;
 }
@@ -48,12 +53,13 @@ void ShowRow(Program& program, int grp_no) {
 }
 
 void SmoothGraph(Program& program) {
+  if (!HasSource(program)) return;
   Workspace& workspace = program.workspace;
   const GraphList list = program.List();
   const std::int16_t source = program.view.DataNo;
   // KEPT: the source's own flag decides, and row 0 is what is replaced, whatever kind of graph that
   // is: a curve made of a smoothed one carries the flag too.
-  const bool smoothed = (workspace.Spectra[source].Prop.Flags & FlagSmooth) != 0;
+  const bool smoothed = RowHasFlags(workspace, program.view.GraphNo, FlagSmooth, 0);
   const Destination to = HeadDestination(list, smoothed);
   if (to.data_no < 0) return;
   CopyToDestination(workspace, source, to.data_no, FlagSmooth);
@@ -63,6 +69,7 @@ void SmoothGraph(Program& program) {
 }
 
 void BackGroundGraph(Program& program) {
+  if (!HasSource(program)) return;
   Workspace& workspace = program.workspace;
   const GraphList list = program.List();
   const std::int16_t source = program.view.DataNo;

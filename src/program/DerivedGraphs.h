@@ -13,6 +13,9 @@ struct Destination {
   std::int16_t row = 0;
 };
 
+// Both end quietly where rows are in use but the current one holds no graph, as after a failed
+// read.
+
 // mnuSmooth: the graph "Smooth", which becomes the current one. Smoothing a smoothed spectrum
 // replaces row 0.
 void SmoothGraph(Program& program);

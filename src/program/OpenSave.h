@@ -40,8 +40,8 @@ std::int16_t SaveGraphAs(Program& program, const std::string& path);
 // current row's kind, "abc_FIT"; no suffix where there is no raw title.
 std::string ProposedName(const Program& program);
 
-// Whether some reader takes this extension; upper case is another extension than lower case for
-// none of them.
+// Whether some reader or writer takes this extension (without its dot); upper and lower case are
+// the same.
 bool CanRead(std::string_view extension);
 bool CanWrite(std::string_view extension);
 

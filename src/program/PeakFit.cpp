@@ -108,20 +108,30 @@ class Hourglass {
   Program& program_;
 };
 
-// Fits the peaks and removes those that are not accepted. False when the user has stopped it: the
-// table is as before.
+// Puts back the table that a stopped command found, with the marks of the peaks that it worked on:
+// `worked` in the present table, `found` in the one from before.
+void TakeBack(const GraphList& list, int win_no, int data_no, const PeaksInRange& worked,
+              const PeakTable& before, const PeaksInRange& found) {
+  PeakTable& table = list.workspace.Peaks[data_no];
+  for (int i = 0; i < worked.count; ++i) {
+    list.listener.PeakUnmarked(win_no, data_no, table.Peaks[worked.first + i]);
+  }
+  table = before;
+  for (int i = 0; i < found.count; ++i) {
+    list.listener.PeakMarked(win_no, data_no, table.Peaks[found.first + i]);
+  }
+}
+
+// Fits the peaks and removes those that are not accepted. False when the user has stopped it: some
+// are fitted then, none are removed.
 bool FitAndClean(Program& program, int win_no, const PeaksInRange& range) {
   Workspace& workspace = program.workspace;
   const std::int16_t data_no = program.view.DataNo;
   const std::int16_t type = workspace.FitParam.FuncType;
-  const PeakTable before = workspace.Peaks[data_no];
   std::vector<bool> accepted;
   for (int i = 0; i < range.count; ++i) {
     program.ports.progress.Report(i, range.count);
-    if (program.ports.progress.Cancelled()) {
-      workspace.Peaks[data_no] = before;
-      return false;
-    }
+    if (program.ports.progress.Cancelled()) return false;
     const int index = range.first + i;
     PeakRec& peak = workspace.Peaks[data_no].Peaks[index];
     program.Listener().PeakUnmarked(win_no, data_no, peak);
@@ -211,7 +221,11 @@ void FitPeak(Program& program, int win_no) {
   std::int16_t& type = workspace.FitParam.FuncType;
   if (type < kGauss || type > kMix) type = kGauss;
   const AreaRegion area = GetRegions(program.view);
-  PeaksInRange range = PeaksOf(program, area);
+  if (!HoldsGraph(workspace, program.view.GraphNo)) return;
+  const std::int16_t source = program.view.DataNo;
+  const PeakTable before = workspace.Peaks[source];
+  const PeaksInRange entered = PeaksOf(program, area);
+  PeaksInRange range = entered;
   if (range.count == 0 && area.valid) {
     InsertPeaks(program, win_no, program.view.GraphNo, area);
     range = PeaksOf(program, area);
@@ -219,10 +233,12 @@ void FitPeak(Program& program, int win_no) {
   if (range.count == 0) return;
 
   const Hourglass hourglass(program);
-  if (!FitAndClean(program, win_no, range)) return;
-
   const GraphList list = program.List();
-  const std::int16_t source = program.view.DataNo;
+  if (!FitAndClean(program, win_no, range)) {
+    TakeBack(list, win_no, source, range, before, entered);
+    return;
+  }
+
   // KEPT: the curve of row 0 is replaced whenever it is a fit, of whatever spectrum.
   const Destination to = HeadDestination(list, RowHasFlags(workspace, 0, FlagFit, 0));
   if (to.data_no < 0) return;
@@ -238,6 +254,7 @@ void FitPeak(Program& program, int win_no) {
 
 void InsertPeaks(Program& program, int win_no, int grp_no, const AreaRegion& area) {
   Workspace& workspace = program.workspace;
+  if (!HoldsGraph(workspace, grp_no)) return;
   const GraphList list = program.List();
   const std::int16_t data_no = GetGraphDataNo(list, grp_no);
   int start = program.view.CursorCh - kCursorReach;
@@ -264,7 +281,12 @@ void InsertPeaks(Program& program, int win_no, int grp_no, const AreaRegion& are
   }
   if (area.valid && last_new >= 0) {
     PeakFixBorders(list, win_no, grp_no, first_new, last_new);
-    for (int i = first_new; i <= last_new; ++i) PeakAreaCalc(workspace, data_no, i);
+    for (int i = first_new; i <= last_new; ++i) {
+      PeakAreaCalc(workspace, data_no, i);
+      // Settling the borders has taken the marks of all neighbours away.
+      if (first_new == last_new) continue;
+      list.listener.PeakMarked(win_no, data_no, workspace.Peaks[data_no].Peaks[i]);
+    }
   }
   program.Listener().RedrawWanted(win_no);
 }
@@ -287,6 +309,7 @@ void DeletePeaks(Program& program) {
   const std::int16_t win_no = GetRealWinNo(list);
   const std::int16_t source = program.view.DataNo;
   const AreaRegion area = GetRegions(program.view);
+  if (!HoldsGraph(workspace, grp_no)) return;
   const PeaksInRange range = PeaksOf(program, area);
   if (range.count == 0) return;
   DeleteRange(list, win_no, grp_no, range);

@@ -21,7 +21,8 @@ struct PeakFitResult {
 
 // Fits peak `index` of a spectrum over its region with `count` coefficients. The record is
 // overwritten whatever the status. A type outside 0..3 shows "Bad Function Type!" and leaves the
-// peak; an invalid index does nothing. The faults of the engine pass.
+// peak; an invalid index does nothing, and neither does a region without a stored channel: the peak
+// is not accepted then. The faults of the engine pass.
 PeakFitResult FitOnePeak(Program& program, int data_no, int index, std::int16_t type,
                          std::int16_t count);
 
@@ -31,7 +32,8 @@ void CalcFitSpectrum(Workspace& workspace, int source, int destination, int firs
 
 // mnuFitting: fits the peaks of the area cursor, found first where it holds none, or the one peak
 // at the cursor; then makes the graph "Fit". Peaks that are not accepted go, with the message "<n>
-// Peaks Cuted".
+// Peaks Cuted". Stopped by the user, it leaves table and marks as they were. This and the commands
+// below end quietly where the current row holds no graph.
 void FitPeak(Program& program, int win_no);
 
 // Finds peaks in a range and enters them; a valid area loses its old peaks first.

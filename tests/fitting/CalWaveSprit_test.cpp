@@ -162,6 +162,21 @@ TEST(PeakFind, MoreThan682FindsAreARangeFailure) {
   ExpectSubscriptFault(Comb(8, 1));  // 1020 in 2043 crossings by Python
 }
 
+TEST(PeakFind, FindNumber683IsTheFirstThatHasNoRoom) {
+  // Every tooth of the comb adds one find.
+  const std::vector<double> comb = Reals(Comb(8, 1));
+  std::size_t teeth = 600;
+  std::size_t most = 0;
+  try {
+    for (; teeth <= 1024; ++teeth) {
+      most = PeakFind(std::span(comb).first(8 * teeth), 20).peaks.size();
+    }
+  } catch (const Fault&) {
+  }
+  EXPECT_EQ(most, 682u);
+  EXPECT_LT(teeth, 1024u);
+}
+
 // The search as start values of a fit.
 
 class PeakSearchTest : public testing::Test {
