@@ -84,6 +84,23 @@ TEST_F(CommandsTest, TheDrawingModeHoldsForBothWindows) {
   EXPECT_EQ(program.spect.Scale(1).DrawMode, kDrawDot);
 }
 
+TEST_F(CommandsTest, LinesAreDrawingModeZero) {
+  RunCommand(program, "mnuDot");
+  RunCommand(program, "mnuLine");
+  EXPECT_EQ(program.spect.Scale(0).DrawMode, kDrawLine);
+  EXPECT_EQ(program.spect.Scale(1).DrawMode, kDrawLine);
+}
+
+TEST_F(CommandsTest, EveryKindOfGraphHasItsMenuEntry) {
+  for (const char* title : {"a.npd", "Smooth", "BackGraund", "BackRemv", "Fit"}) Show({1}, title);
+  int row = 0;
+  for (const char* menu :
+       {"mnuGraphRaw", "mnuGraphSmt", "mnuGraphBack", "mnuGraphBackRemoved", "mnuGraphFit"}) {
+    RunCommand(program, menu);
+    EXPECT_EQ(view.GraphNo, row++) << menu;
+  }
+}
+
 TEST_F(CommandsTest, TwoProgramsDoNotKnowOfEachOther) {
   const auto other = std::make_unique<Program>(program.ports, folder.Path(""));
   Show({0, 0, 16, 0, 0});
@@ -127,6 +144,48 @@ TEST_F(EngineTest, ClearedPointMarksLeaveTheCurve) {
   list.listener.PointMarksCleared(0, data_no);
   EXPECT_EQ(program.spect.CurveOf(0, data_no).PointColors[1], 0);
   EXPECT_EQ(program.spect.CurveOf(0, data_no).Counts[1], 2);
+}
+
+TEST_F(EngineTest, PointsOfAPeakHaveTheirColourAsLongAsItIsInTheTable) {
+  const auto data_no = Show({1, 2, 3, 4, 5});
+  PeakRec peak;
+  peak.Center = 2;
+  peak.RegionStart = 1;
+  peak.RegionEnd = 3;
+  const auto color_at = [&](int channel) {
+    return program.spect.CurveOf(0, data_no).PointColors[channel];
+  };
+  list.listener.PeakMarked(0, data_no, peak);
+  EXPECT_EQ(color_at(3), workspace.ColorTbl[14]);
+  EXPECT_EQ(color_at(4), 0);
+  list.listener.PeakUnmarked(0, data_no, peak);
+  EXPECT_EQ(color_at(1), 0);
+  EXPECT_EQ(color_at(3), 0);
+}
+
+TEST_F(EngineTest, ClearedPointMarksTakeTheTextsOfTheWindowAlong) {
+  const auto data_no = Show({1, 2, 3});
+  program.spect.AddText(0, 1, 2, "200", 0xFF, 10, kFalse);
+  program.spect.AddText(1, 1, 2, "220", 0xFF, 10, kFalse);
+  list.listener.PointMarksCleared(0, data_no);
+  EXPECT_TRUE(program.spect.Texts(0).empty());
+  EXPECT_EQ(program.spect.Texts(1).size(), 1u);
+}
+
+TEST_F(EngineTest, AClearedWindowHasNoCurvesAndNoPeakLines) {
+  const auto data_no = Show({1, 2, 3});
+  program.spect.AddPeakLine(0, 2);
+  list.listener.WindowCleared(0);
+  EXPECT_EQ(program.spect.CurveOf(0, data_no).Valid, kFalse);
+  EXPECT_EQ(program.spect.PeakLinesOf(0).Count(), 0);
+}
+
+TEST_F(EngineTest, ClearedPeakLinesAreThoseOfOneWindow) {
+  program.spect.AddPeakLine(0, 2);
+  program.spect.AddPeakLine(1, 3);
+  list.listener.PeakLinesCleared(0);
+  EXPECT_EQ(program.spect.PeakLinesOf(0).Count(), 0);
+  EXPECT_EQ(program.spect.PeakLinesOf(1).Count(), 1);
 }
 
 TEST_F(EngineTest, EveryNoticeReachesTheOutside) {

@@ -56,6 +56,54 @@ TEST_F(DerivedGraphsTest, SmoothingAnInheritingCurveReplacesRowZeroWhateverItIsA
   EXPECT_THAT(Titles(), ElementsAre("Smooth", "BackGraund", "Smooth", "a.npd"));
 }
 
+TEST_F(DerivedGraphsTest, TheFlagOfTheSourceDecidesNotItsTitleAsMeant) {
+  Show({0, 0, 0, 0, 16, 0, 0, 0, 0});
+  SmoothGraph(program);
+  BackGroundGraph(program);
+  EXPECT_EQ(FlagsOf(0), FlagSmooth | FlagBackRemv);
+  EXPECT_EQ(FlagsOf(1), FlagSmooth | FlagBackGraund);
+  Change_cboGrphSel(list, 0, 1);  // smoothing the background takes the place of the difference
+  SmoothGraph(program);
+  EXPECT_THAT(Titles(), ElementsAre("Smooth", "BackGraund", "Smooth", "a.npd"));
+  EXPECT_EQ(FlagsOf(0), FlagSmooth | FlagBackGraund);
+}
+
+TEST_F(DerivedGraphsTest, SmoothingTakesTheKindOfTheSetting) {
+  // given: one spike of 21; the quadratic filter of 7 points spreads it by -2 3 6 7 6 3 -2
+  Show({0, 0, 0, 0, 0, 21, 0, 0, 0, 0, 0});
+  workspace.FitParam.SmoothKind = 1;
+  SmoothGraph(program);
+  EXPECT_THAT(CountsOf(Row(0).DataNo), ElementsAre(0, 0, 0, 3, 6, 7, 6, 3, 0, 0, 0));
+}
+
+TEST_F(DerivedGraphsTest, ADerivedGraphIsNotAskedAboutAndLeavesTheSourceAlone) {
+  Show(std::vector<std::int32_t>(100, 50));
+  workspace.Slots[0].State = kRowUnsaved;
+  SmoothGraph(program);
+  BackGroundGraph(program);
+  EXPECT_EQ(Row(0).State, kRowSaved);
+  EXPECT_EQ(Row(1).State, kRowSaved);
+  EXPECT_EQ(Row(2).State, kRowSaved);
+  EXPECT_EQ(Row(3).State, kRowUnsaved);
+}
+
+TEST_F(DerivedGraphsTest, AClosedSmoothedSpectrumIsNoSource) {
+  const auto data_no = Show({0, 0, 0, 0, 16, 0, 0, 0, 0});
+  workspace.Spectra[data_no].Prop.Flags = FlagSmooth;
+  DeleteGraph(list, 0);
+  dialogs.ExpectMessage("ShiftGraph: Data Notting!");
+  SmoothGraph(program);
+  EXPECT_EQ(Row(0).State, kRowEmpty);
+}
+
+TEST_F(DerivedGraphsTest, AFailedReadLeavesNothingToWorkOn) {
+  GetGraphSpace(list, -1);  // as a failed read leaves it: a number taken, no row filled
+  SmoothGraph(program);
+  BackGroundGraph(program);
+  EXPECT_THAT(Titles(), ElementsAre());
+  EXPECT_EQ(workspace.GrpCount, 1);
+}
+
 TEST_F(DerivedGraphsTest, SmoothingWithoutAGraphIsRefused) {
   dialogs.ExpectMessage("ShiftGraph: Data Notting!");
   SmoothGraph(program);
@@ -103,6 +151,39 @@ TEST_F(DerivedGraphsTest, RunningTheBackgroundAgainReplacesBothCurves) {
   EXPECT_THAT(Titles(), ElementsAre("BackRemv", "BackGraund", "a.npd"));
   EXPECT_EQ(Row(1).DataNo, back);
   EXPECT_EQ(Row(0).DataNo, difference);
+}
+
+TEST_F(DerivedGraphsTest, BackgroundAndDifferenceInheritRecordAndPeaks) {
+  const auto raw = Show(std::vector<std::int32_t>(100, 50));
+  workspace.Spectra[raw].SampName.Set("MgO");
+  workspace.Peaks[raw].Count = 1;
+  workspace.Peaks[raw].Peaks[0].Center = 2;
+  BackGroundGraph(program);
+  for (const int row : {0, 1}) {
+    EXPECT_EQ(workspace.Spectra[Row(row).DataNo].SampName.Text(), "MgO") << row;
+    EXPECT_EQ(workspace.Peaks[Row(row).DataNo], workspace.Peaks[raw]) << row;
+    EXPECT_EQ(workspace.Channels[Row(row).DataNo].Count, 100) << row;
+  }
+}
+
+TEST_F(DerivedGraphsTest, AnEmptySecondRowIsNoEarlierBackground) {
+  // The empty row points at spectrum 0 as well, which is a background that was saved and read.
+  const auto data_no = Show(std::vector<std::int32_t>(100, 50));
+  workspace.Spectra[data_no].Prop.Flags = FlagBackGraund;
+  BackGroundGraph(program);
+  EXPECT_THAT(Titles(), ElementsAre("BackRemv", "BackGraund", "a.npd"));
+  EXPECT_EQ(Row(2).DataNo, data_no);
+}
+
+TEST_F(DerivedGraphsTest, AFittedDifferenceIsNotReusedWhileItsBackgroundIs) {
+  Show(std::vector<std::int32_t>(100, 50));
+  BackGroundGraph(program);
+  const auto back = Row(1).DataNo;
+  workspace.Spectra[Row(0).DataNo].Prop.Flags = FlagBackRemv | FlagFit;
+  BackGroundGraph(program);
+  EXPECT_THAT(Titles(), ElementsAre("BackRemv", "BackRemv", "BackGraund", "a.npd"));
+  EXPECT_EQ(Row(2).DataNo, back);
+  EXPECT_EQ(view.GraphNo, 3);
 }
 
 TEST_F(DerivedGraphsTest, ABackgroundOfAFittedRecordIsNotReused) {

@@ -36,6 +36,52 @@ TEST_F(OpenSaveTest, AFileBecomesTheCurrentGraphWithItsCalibration) {
   EXPECT_EQ(workspace.CurDir, folder.Path(""));
 }
 
+TEST_F(OpenSaveTest, AReadTellsTheViewsInOrder) {
+  const std::string path = NativeFile("a.xbm");
+  listener.notices.clear();
+  ReadGraph(program, 0, 0, path);
+  EXPECT_THAT(listener.notices,
+              ElementsAre("caption", "no peak lines 0",                  // before the reader runs
+                          "no point marks 0 0",                          // after it
+                          "selector", "shown 0 0", "checks",             // the row
+                          "calibration",                                 // of the file
+                          "scale 0", "redraw 0", "scale 1", "redraw 1",  // the height
+                          "selected 0 0", "redraw 0", "redraw 1", "axis", "cursor", "active 0",
+                          "axis", "caption", "data type"));
+}
+
+TEST_F(OpenSaveTest, AFailedReadStopsAfterTheReader) {
+  listener.notices.clear();
+  dialogs.ExpectMessage("Open Error");
+  ReadGraph(program, 0, 0, folder.Path("missing.xbm"));
+  EXPECT_THAT(listener.notices, ElementsAre("caption", "no peak lines 0"));
+  EXPECT_EQ(workspace.UseFileEgc, 0);
+  EXPECT_EQ(workspace.GrpCount, 1);
+}
+
+TEST_F(OpenSaveTest, AReadWithoutAFreeNumberChangesNothingButTheCaption) {
+  workspace.DataUse.fill(kTrue);
+  workspace.Regions.RoiCount = 3;
+  workspace.Peaks[0].Count = 2;
+  const std::string path = NativeFile("a.xbm");
+  listener.notices.clear();
+  dialogs.ExpectMessage("GetGraphSpace: Notting Space!");
+  EXPECT_EQ(ReadGraph(program, 0, 0, path), 0);
+  EXPECT_THAT(listener.notices, ElementsAre("caption"));
+  EXPECT_EQ(workspace.Regions.RoiCount, 3);
+  EXPECT_EQ(workspace.Peaks[0].Count, 2);
+}
+
+TEST_F(OpenSaveTest, TheWindowOfTheFileBecomesTheActiveOneWithItsRow) {
+  view.CurWin = 1;
+  Show({1}, "other");
+  ReadGraph(program, 0, 1, NativeFile("a.xbm"));
+  EXPECT_EQ(view.CurWin, 0);
+  EXPECT_EQ(view.GraphNo, 1);
+  EXPECT_EQ(view.DataNo, 1);
+  EXPECT_EQ(view.CloseGraphCaption, "Close Graph(a.xbm)");
+}
+
 TEST_F(OpenSaveTest, TheHeightIsTheSmallestThatCoversTheLargestCount) {
   ReadGraph(program, 0, 0, NativeFile("a.xbm", 401));
   EXPECT_EQ(view.HeightY, 500);
@@ -137,6 +183,51 @@ TEST_F(OpenSaveTest, OpeningAsksAboutEveryUnsavedRow) {
   dialogs.ExpectQuestion("File No Save.  Grp=1 (Do you Cansel?)", true);
   LoadData(program, {NativeFile("a.xbm")});
   EXPECT_THAT(Titles(), ElementsAre("a.xbm"));
+}
+
+TEST_F(OpenSaveTest, EveryRemovalAsksAboutAllRowsThatAreStillUnsavedAsMeant) {
+  Show({1}, "a");
+  Show({1}, "b");
+  workspace.Slots[0].State = kRowUnsaved;
+  workspace.Slots[1].State = kRowUnsaved;
+  dialogs.ExpectQuestion("File No Save.  Grp=1 (Do you Cansel?)", true);
+  dialogs.ExpectQuestion("File No Save.  Grp=2 (Do you Cansel?)", true);
+  dialogs.ExpectQuestion("File No Save.  Grp=1 (Do you Cansel?)", true);
+  dialogs.ExpectOpen({});
+  LoadData(program);
+  EXPECT_EQ(workspace.DataUse[0], 0);
+  EXPECT_EQ(workspace.DataUse[1], 0);
+}
+
+TEST_F(OpenSaveTest, DataThatIsKeptLosesItsRowAndTheOpenGoesOnAsMeant) {
+  Show({1}, "old");
+  workspace.Slots[0].State = kRowUnsaved;
+  view.FitMade = kTrue;
+  dialogs.ExpectQuestion("File No Save.  Grp=1 (Do you Cansel?)", false);
+  dialogs.ExpectOpen({NativeFile("a.xbm")});
+  LoadData(program);
+  EXPECT_THAT(Titles(), ElementsAre("a.xbm"));
+  EXPECT_EQ(workspace.GrpCount, 1);
+  EXPECT_EQ(workspace.DataUse[0], -1);
+  EXPECT_EQ(Row(0).DataNo, 1);
+  EXPECT_EQ(view.FitMade, kFalse);
+}
+
+TEST_F(OpenSaveTest, ReadingWithoutRemovingAsksFirstAndNoEndsIt) {
+  Show({1}, "old");
+  workspace.Slots[0].State = kRowUnsaved;
+  dialogs.ExpectOpen({NativeFile("a.xbm")});
+  dialogs.ExpectQuestion("File No Save.  Grp=1 (Do you Cansel?)", false);
+  FileLoad(program);
+  EXPECT_THAT(Titles(), ElementsAre("old"));
+  EXPECT_TRUE(program.last_selection.empty());
+}
+
+TEST_F(OpenSaveTest, TheLastSelectionIsRemembered) {
+  const std::vector<std::string> paths = {NativeFile("a.xbm"), NativeFile("b.xbm")};
+  dialogs.ExpectOpen(paths);
+  FileLoad(program);
+  EXPECT_EQ(program.last_selection, paths);
 }
 
 TEST_F(OpenSaveTest, ASaveWithoutAGraphSaysSo) {

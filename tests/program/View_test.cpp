@@ -34,6 +34,30 @@ TEST_F(ViewTest, CountsAboveAllStepsGetAMillion) {
   EXPECT_EQ(view.HeightY, 1000000);
 }
 
+TEST_F(ViewTest, AnExpandedFirstWindowTakesTheHeightOfItsFirst4096Channels) {
+  std::vector<std::int32_t> counts(8192, 0);
+  counts[100] = 55;
+  counts[4095] = 700;
+  counts[4096] = 90000;
+  const auto data_no = Show(counts);
+  SetSpanCh(program, 1000);
+  view.ExpandOn = kTrue;
+  AutoScaleY(program, 0, data_no);
+  EXPECT_EQ(view.HeightY, 800);
+  AutoScaleY(program, 1, data_no);
+  EXPECT_EQ(view.HeightY, 60);
+}
+
+TEST_F(ViewTest, TheHeightGoesToTheWindowsThatPileUp) {
+  listener.notices.clear();
+  view.FilePile[1] = kFalse;
+  SetYHeight(program, 0, 500, true);
+  EXPECT_EQ(listener.Count("scale 0"), 1);
+  EXPECT_EQ(listener.Count("scale 1"), 0);
+  SetYHeight(program, 0, 500, false);
+  EXPECT_EQ(listener.Count("redraw 0"), 1);
+}
+
 TEST_F(ViewTest, WiderHalvesTheSpanDownTo32Channels) {
   SetSpanCh(program, 64);
   cmdWider(program);
@@ -186,6 +210,27 @@ TEST_F(CursorTest, AJumpSetsTheAreaCursorAboutThePeak) {
   PeakJump(program, 1);
   EXPECT_EQ(view.AreaStart, 192);
   EXPECT_EQ(view.AreaEnd, 208);
+}
+
+TEST_F(CursorTest, TheAreaAboutAPeakBeginsAtChannelZero) {
+  const auto data_no = Show(std::vector<std::int32_t>(500, 1));
+  workspace.Peaks[data_no].Count = 1;
+  workspace.Peaks[data_no].Peaks[0].Center = 5;
+  workspace.Peaks[data_no].Peaks[0].HalfWidth = 4;
+  view.AreaOn = kTrue;
+  PeakJump(program, 1);
+  EXPECT_EQ(view.AreaStart, 0);
+  EXPECT_EQ(view.AreaEnd, 13);
+}
+
+TEST_F(CursorTest, WithoutTheAreaCursorAJumpSetsNoArea) {
+  const auto data_no = Show(std::vector<std::int32_t>(500, 1));
+  workspace.Peaks[data_no].Count = 1;
+  workspace.Peaks[data_no].Peaks[0].Center = 200;
+  workspace.Peaks[data_no].Peaks[0].HalfWidth = 4;
+  PeakJump(program, 1);
+  EXPECT_EQ(view.CursorCh, 200);
+  EXPECT_EQ(view.AreaStart, kNoEnd);
 }
 
 TEST_F(CursorTest, TheFullRangeReachesFromZeroToTheChannelCount) {
