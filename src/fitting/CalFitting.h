@@ -73,8 +73,8 @@ FitSummary CFDQR2(std::span<const double> x, std::span<const double> y, std::int
                   Coefficients& c, int m, const FitLimits& limits = {});
 
 // CFDQR2 for x = 1..n, with starting values of its own where c1 is 0 or negative and a half width
-// of 10 in place of a negative one; a centre that has left 1..n is put to n / 2 afterwards. Faults
-// as in CFDQR2; Subscript for no points.
+// of 10 in place of a negative one; a centre that has left 1..n is put to n / 2 afterwards (of a
+// GaussLorentz the half width, not the centre). Faults as in CFDQR2; Subscript for no points.
 FitSummary CurveFit(std::span<const double> x, std::span<const double> y, std::int16_t mode, int m,
                     Coefficients& c);
 

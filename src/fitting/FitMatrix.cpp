@@ -203,7 +203,7 @@ double MatInverse(SquareMatrix& a, std::size_t m) {
     if (places[k].row != k) ExchangeRows(a, k, places[k].row, m);
     if (places[k].column != k) ExchangeColumns(a, k, places[k].column, m);
     Eliminate(a, k, m);
-    det *= big;
+    det = Finite(det * big);
   }
   UndoExchanges(a, std::span(places).first(m));
   for (std::size_t i = 0; i < m; ++i) {

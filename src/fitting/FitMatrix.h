@@ -72,7 +72,7 @@ std::size_t GramSchmidtQR(FitMatrix& q, std::size_t rows, std::size_t m, SquareM
 // Inverts the leading m by m part of A in place by Gauss-Jordan elimination with full pivoting (the
 // last of equal pivots), and answers the determinant. An answer of 0 means a singular matrix, left
 // half-worked, or a determinant too small for a number. Throws Fault(Overflow or BadArgument) when
-// a pivot or an element of the inverse is no finite number.
+// a pivot, the determinant or an element of the inverse is no finite number.
 double MatInverse(SquareMatrix& a, std::size_t m);
 
 }  // namespace dorvane

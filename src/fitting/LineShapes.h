@@ -12,22 +12,26 @@ namespace dorvane {
 
 inline constexpr int kMaxCoefficients = 10;
 
-// Coefficients 1..10 of a line shape. With m of them in use:
-//   Gauss, Lorentz:  1 height, 2 centre, 3 half width at half maximum, 4 constant background (m >=
-//   4),
-//                    5 background slope (m = 5);
-//   GaussLorentz:    1 Gaussian height, 2 centre, 3 half width, 4 Lorentzian height, 5 constant
-//   background (m >= 5),
-//                    6 background slope (m = 6).
-// Centre and half width are in the unit of the abscissa, heights and backgrounds in counts.
+// Coefficients 1..10 of a line shape, m of them in use. Centre and half width are in the unit of
+// the abscissa, heights and backgrounds in counts.
+//
+//   Gauss and Lorentz: 1 height, 2 centre, 3 half width at half maximum, 4 constant background
+//   (m >= 4), 5 slope of the background (m = 5);
+//
+//   GaussLorentz: 1 Gaussian height, 2 centre, 3 half width, 4 Lorentzian height, 5 constant
+//   background (m >= 5), 6 slope of the background (m = 6).
 using Coefficients = Fixed<double, 1, kMaxCoefficients>;
 
 enum class LineShape : std::int16_t { Gauss = 1, Lorentz = 2, GaussLorentz = 3 };
 
 // Values at x. An arithmetic fault gives 0 and its FaultCode number in `err`; otherwise `err` is 0.
-//   fGauss        c1 exp(-ln2 (x - c2)^2 / c3^2) + c4 + c5 x; where the exponent reaches -400, c4
-//   alone without slope fLorentz      c1 / (((x - c2) / c3)^2 + 1) + c4 + c5 x fGaussLorentz fGauss
-//   of c1, c2, c3 with background c5 + c6 x, plus fLorentz of c4, c2, c3
+//
+//   fGauss: c1 exp(-ln2 (x - c2)^2 / c3^2) + c4 + c5 x; where the exponent reaches -400, c4 alone,
+//   without the slope;
+//
+//   fLorentz: c1 / (((x - c2) / c3)^2 + 1) + c4 + c5 x;
+//
+//   fGaussLorentz: fGauss of c1, c2, c3 with the background c5 + c6 x, plus fLorentz of c4, c2, c3.
 double fGauss(double x, const Coefficients& c, int m, int& err);
 double fLorentz(double x, const Coefficients& c, int m, int& err);
 double fGaussLorentz(double x, const Coefficients& c, int m, int& err);

@@ -338,6 +338,24 @@ TEST(CFDQR2, RejectedStepsRaiseTheDampingUntilOneIsAccepted) {
              kSamePath);
 }
 
+// The first trial loses 13.7 times what it promised: half the critical damping times 10, not 15.7.
+TEST(CFDQR2, SharplyRejectedStepMultipliesTheDampingByTenAtMost) {
+  Coefficients c = Of({500, 5, 3});
+  const FitSummary summary = Fit({137, 373, 699, 959, 906, 666, 337}, 1, c, 3, {.outer_rounds = 0});
+  EXPECT_EQ(summary.trials, 2);
+  ExpectNear(c, {664.9845834570626, 4.547923042086932, 2.8379580337652577}, kSamePath);
+}
+
+// The steps are small enough from the 6th round on; the likelihood changes by 4.8e-6 in the 7th,
+// which is within 1e-7 of its value without the factorials (165), but not with them (20).
+TEST(CFDQR2, ChangeOfTheLikelihoodIsMeasuredByItsValueWithTheFactorials) {
+  Coefficients c = Of({40, 7, 2, 0});
+  const FitSummary summary = Fit({0, 2, 12, 9, 23, 22, 14, 13, 4}, 1, c, 4);
+  EXPECT_EQ(summary.status, 0);
+  EXPECT_EQ(summary.outer_rounds, 8);
+  EXPECT_EQ(summary.trials, 16);
+}
+
 // A line so wide that its height and the constant can't be told apart: the constant falls out of
 // the rank.
 TEST(CFDQR2, CoefficientOutsideTheRankKeepsItsValueThroughTheStep) {

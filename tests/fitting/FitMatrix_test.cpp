@@ -76,6 +76,8 @@ TEST(MatInverse, NotANumberAndOverflowAreFaults) {
   EXPECT_THROW(MatInverse(a, 2), Fault);
   a = Square({{1e-310}});
   EXPECT_THROW(MatInverse(a, 1), Fault);
+  a = Square({{1e200, 0}, {0, 1e200}});
+  EXPECT_THROW(MatInverse(a, 2), Fault);
 }
 
 // Columns of a matrix and their factorisation.
