@@ -1,5 +1,7 @@
 #include "lattice/PressureLog.h"
 
+#include <algorithm>
+
 #include "lattice/Pressure.h"
 #include "support/NumberText.h"
 

@@ -184,7 +184,18 @@ TEST_F(LatticeLsqTest, HexagonalLinesWithoutLAreSingular) {
   dialogs.ExpectMessage(kSingular);
   EXPECT_EQ(Fit(kHexagonal), kLsqSingular);
   EXPECT_EQ(state->Fit.Status, 1);
+  EXPECT_EQ(state->Fit.RowCount, 0);
   EXPECT_EQ(result, LatticeResult{});
+}
+
+// The pivot of l^2 is the fourth power of d: 0.00015 at 0.11, 0.00004 at 0.08.
+TEST_F(LatticeLsqTest, PivotsUpToATenThousandthAreSingular) {
+  AddFitLine(1, 0, 0, 4);
+  AddFitLine(0, 0, 1, 0.11);
+  EXPECT_EQ(Fit(kTetragonal), kLsqDone);
+  state->Lines[1].DObs = 0.08;
+  dialogs.ExpectMessage(kSingular);
+  EXPECT_EQ(Fit(kTetragonal), kLsqSingular);
 }
 
 // 1/d^2 of (0 0 1) from these two would have to be negative.

@@ -148,6 +148,17 @@ TEST(CalcPressure, BoronNitrideOnACubicSampleIsMeantToTakeItsC) {
   EXPECT_NEAR(Calculated(input).P, 0.751141738, 1e-8);
 }
 
+// So far stretched the pressure rises with c. From the formula (Python).
+TEST_F(HexagonalInput, ErrorOfBoronNitrideIsNeverNegative) {
+  PressInput input = PreparePressure(kHexagonal, result, seed);
+  input.Material = "hBN";
+  input.TempText = "26.85";
+  input.C = 8;
+  input.CErr = 0.01;
+  EXPECT_NEAR(Calculated(input).P, -0.6143662012, 1e-9);
+  EXPECT_NEAR(Calculated(input).Error, 0.0155422692, 1e-9);
+}
+
 TEST(CalcPressure, KelvinAndCelsiusGiveTheSamePressure) {
   for (const char* material : {"NACL", "Pt", "Au", "MgO", "Pt_B", "Pt_H"}) {
     PressInput input = CubicInput(material, 3.85f, 3.9231);

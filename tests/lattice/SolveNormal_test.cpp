@@ -96,6 +96,26 @@ TEST_F(SolveNormalTest, TheLastPivotIsTestedToo) {
   EXPECT_FALSE(Solve(2));
 }
 
+// N = ((0.25, 0), (0, 0.25)) exactly.
+TEST_F(SolveNormalTest, APivotOfTheLimitItselfFails) {
+  AddRow(1, {0.5f, 0});
+  AddRow(1, {0, 0.5f});
+  EXPECT_FALSE(SolveNormal(0.25f, 2, rows, y, A, x, sigma));
+  AddRow(1, {0.5f, 0});
+  EXPECT_FALSE(SolveNormal(0.25f, 2, rows, y, A, x, sigma));  // the last one too
+  EXPECT_TRUE(SolveNormal(0.2499f, 2, rows, y, A, x, sigma));
+}
+
+// N = ((2, 2), (2, 13.52)); x by the same steps in single precision (Python). With the rows swapped
+// x(1) would be 6.2500005.
+TEST_F(SolveNormalTest, TheFirstOfEqualPivotsIsTaken) {
+  AddRow(2, {1, 3.4f});
+  AddRow(8, {1, -1.4f});
+  ASSERT_TRUE(Solve(2));
+  EXPECT_EQ(x[1], 6.25f);
+  EXPECT_EQ(x[2], -0x1.3ffffep+0f);
+}
+
 TEST_F(SolveNormalTest, ASingleParameterIsMeantToHaveNoPivotTest) {
   AddRow(1, {0.001f});
   ASSERT_TRUE(Solve(1));
