@@ -318,9 +318,11 @@ TEST_F(FileDorvaneTest, PeakCountsOutOfRangeAreOpenError) {
 TEST_F(FileDorvaneTest, PeaksAreReadOnlyWhereTheSaveFlagIs1) {
   peaks_ = SamplePeaks(5);
   std::string image = XbaOf(1, 2);
-  PutAt(image, 2, std::int16_t{0});
-  EXPECT_EQ(ReadWithPeaks(image), -1);
-  EXPECT_EQ(peaks_, SamplePeaks(5));
+  for (const int flag : {0, 2, -1}) {
+    PutAt(image, 2, static_cast<std::int16_t>(flag));
+    EXPECT_EQ(ReadWithPeaks(image), -1);
+    EXPECT_EQ(peaks_, SamplePeaks(5)) << flag;
+  }
 }
 
 TEST_F(FileDorvaneTest, PeaksAreWrittenOnlyWhereTheSaveFlagIs1) {
