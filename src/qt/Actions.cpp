@@ -80,13 +80,13 @@ constexpr ActionRow kActions[] = {
     {"mnuPeakAllDelete", "Delete without as&king", "", "Shift+Del", ""},
     {"mnuPeakJumpB", "&Previous Peak", "jump-left", "Alt+Left", ""},
     {"mnuPeakJumpN", "&Next Peak", "jump-right", "Alt+Right", ""},
-    {"chkArea", "A&rea Cursor", "area", "Ctrl+R", "Area cursor: drag over the graph to mark a range",
-     Does::Window, AreaOn},
+    {"chkArea", "A&rea Cursor", "area", "Ctrl+R",
+     "Area cursor: drag over the graph to mark a range", Does::Window, AreaOn},
     {"mnuPeakReport", "Rep&ort...", "report", "", "", Does::Later},
     {"mnuLattice", "&hkl, Lattice and Pressure...", "lattice", "", "", Does::Later},
 
-    {"mnuLogarithmic", "&Log Scale", "log-scale", "Ctrl+L", "Logarithmic count axis",
-     Does::Command, LogScaleOn},
+    {"mnuLogarithmic", "&Log Scale", "log-scale", "Ctrl+L", "Logarithmic count axis", Does::Command,
+     LogScaleOn},
     {"mnuAutomatic", "&Auto Scale", "fit-height", "Ctrl+H", "The height follows the curve",
      Does::Command, AutoScaleOn},
     {"mnuTaller", "&Taller", "taller", "", "Taller curves (Up)"},
@@ -133,8 +133,9 @@ constexpr BarRow kToolBars[] = {
      "mnuLogarithmic mnuAutomatic mnuTaller mnuShoter mnuWider mnuNarrower mnuWhole"},
 };
 // The steps of the main job show their text as well.
-constexpr const char* kWithText = "mnuLoad mnuSave mnuSmooth mnuBackGround mnuPeakAllIns "
-                                  "mnuFittingAll";
+constexpr const char* kWithText =
+    "mnuLoad mnuSave mnuSmooth mnuBackGround mnuPeakAllIns "
+    "mnuFittingAll";
 
 QString ToolTipOf(const ActionRow& row) {
   if (row.does == Does::Later) return kLater;
@@ -179,9 +180,8 @@ void Actions::MakeUnitActions() {
     action->setObjectName(QString("mnuUnit_%1").arg(unit));
     action->setCheckable(true);
     group->addAction(action);
-    connect(action, &QAction::triggered, this, [this, unit] {
-      session_.Do([=](Program& program) { SetDispUnit(program, unit); });
-    });
+    connect(action, &QAction::triggered, this,
+            [this, unit] { session_.Do([=](Program& program) { SetDispUnit(program, unit); }); });
   }
 }
 
@@ -232,8 +232,7 @@ void Actions::Refresh() {
   }
   unit_menu_->actions().at(program.view.DispUnit)->setChecked(true);
   const GraphSlot& slot = program.workspace.Slots[program.view.GraphNo];
-  Of("mnuCloseGraph")
-      ->setText("&Close Graph(" + ToQString(slot.Title).replace('&', "&&") + ")");
+  Of("mnuCloseGraph")->setText("&Close Graph(" + ToQString(slot.Title).replace('&', "&&") + ")");
 }
 
 QAction* Actions::Of(const char* name) const {

@@ -62,17 +62,16 @@ void CurveRow::paintEvent(QPaintEvent*) {
   }
   const QRect swatch(kSwatchLeft, (height() - kSwatch) / 2, kSwatch, kSwatch);
   QColor color = ToQColor(slot.Color);
-  if (!IsHere()) color.setAlphaF(0.35F);
+  if (!IsHere()) color.setAlphaF(0.5F);
   painter.fillRect(swatch, color);
 
   QFont title_font = font();
   title_font.setBold(IsCurrent() && active);
   painter.setFont(title_font);
-  painter.setPen(
-      palette().color(IsHere() ? QPalette::Active : QPalette::Disabled, QPalette::Text));
+  painter.setPen(palette().color(IsHere() ? QPalette::Text : QPalette::PlaceholderText));
   const QRect text = rect().adjusted(kTextLeft, 0, -8, 0);
-  const QString title = painter.fontMetrics().elidedText(ToQString(slot.Title), Qt::ElideMiddle,
-                                                         text.width());
+  const QString title =
+      painter.fontMetrics().elidedText(ToQString(slot.Title), Qt::ElideMiddle, text.width());
   painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeft, title);
 }
 

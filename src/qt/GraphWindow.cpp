@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 
+#include "qt/Readouts.h"
 #include "qt/Text.h"
 #include "workspace/Colors.h"
 
@@ -10,7 +11,7 @@ namespace dorvane {
 namespace {
 
 constexpr int kHeadHeight = 24;
-constexpr int kRightMargin = 16;
+constexpr int kRightMargin = 12;
 
 }  // namespace
 
@@ -50,6 +51,7 @@ GraphWindow::GraphWindow(Session& session, int win_no, QWidget* parent)
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(0);
   row->addWidget(sheet_, 1);
+  row->addWidget(VerticalRule(this));
   row->addWidget(list_);
 
   connect(unit_axis_, &UnitAxisPanel::WholeRangeWanted, this, &GraphWindow::WholeRangeWanted);

@@ -12,6 +12,7 @@
 #include <filesystem>
 
 #include "files/SplitPath.h"
+#include "program/Commands.h"
 #include "program/Cursor.h"
 #include "program/OpenSave.h"
 #include "program/View.h"
@@ -66,6 +67,12 @@ void MainWindow::UseDesktopColors() {
   Program& program = session_->program;
   if (palette().color(QPalette::Window).lightness() >= 128) return;
   UseColors(program, DarkColors());
+  // The engine takes a ground with a view as it opens.
+  for (int win_no = 0; win_no < kWindows; ++win_no) {
+    program.spect.OpenView(win_no, nullptr, program.workspace.ColorTbl[kColorWindowBack + win_no]);
+    program.Listener().CountScaleChanged(win_no);
+  }
+  program.Listener().RangeChanged();
 }
 
 void MainWindow::BuildCentre() {
@@ -119,6 +126,7 @@ void MainWindow::Connect() {
   connect(hsbStartX_, &QScrollBar::valueChanged, this, [this](int start) {
     session_->Do([=](Program& program) { SetStartCh(program, start); });
   });
+  connect(session_.get(), &Session::Begun, this, [this] { Hint(""); });
   connect(session_.get(), &Session::Done, this, [this] { RefreshStatus(); });
   connect(&session_->progress, &StatusProgress::Began, this,
           [this] { Hint("Escape stops the operation"); });
@@ -151,23 +159,29 @@ void MainWindow::ConnectActions() {
           &QAction::setChecked);
 }
 
+void MainWindow::OpenBy(const std::function<void(Program&)>& open) {
+  session_->Do([&](Program& program) {
+    const bool whole = ShowsWholeRange(program);
+    open(program);
+    if (whole) ShowOpenSpectra(program);
+  });
+}
+
 void MainWindow::Open() {
-  const bool whole = ShowsWholeRange(session_->program);
-  session_->Run("LoadData");
-  if (whole) ShowWholeSpectrum();
-  AfterOpen(session_->dialogs.LastOpened());
+  OpenBy([](Program& program) { RunCommand(program, "LoadData"); });
+  TellWhatWasNotRead(session_->dialogs.LastOpened());
 }
 
 void MainWindow::OpenFiles(const std::vector<std::string>& paths) {
-  const bool whole = ShowsWholeRange(session_->program);
-  session_->Do([&](Program& program) { LoadData(program, paths); });
-  if (whole) ShowWholeSpectrum();
-  AfterOpen(paths);
+  OpenBy([&](Program& program) { LoadData(program, paths); });
+  TellWhatWasNotRead(paths);
 }
 
-void MainWindow::AfterOpen(const std::vector<std::string>& paths) {
-  const std::string summary = OpenSummary(session_->program.workspace, paths);
-  if (!summary.empty()) Hint(ToQString(summary));
+void MainWindow::TellWhatWasNotRead(const std::vector<std::string>& paths) {
+  const QString summary = ToQString(OpenSummary(session_->program.workspace, paths));
+  if (summary.isEmpty()) return;
+  const QString why = hint_label_->WholeText();
+  Hint(why.isEmpty() ? summary : summary + ". " + why);
 }
 
 void MainWindow::Save() {
@@ -194,7 +208,6 @@ void MainWindow::ToggleArea() {
 
 void MainWindow::Hint(const QString& text) {
   hint_label_->SetWholeText(text);
-  hint_is_fresh_ = true;
 }
 
 void MainWindow::RefreshScrollBar() {
@@ -210,10 +223,10 @@ void MainWindow::RefreshScrollBar() {
 void MainWindow::RefreshStatus() {
   const Program& program = session_->program;
   const GraphSlot& slot = program.workspace.Slots[program.view.GraphNo];
-  file_label_->SetWholeText(slot.State == kRowEmpty ? "" : ToQString(slot.Title));
+  const std::string name = program.workspace.Spectra[slot.DataNo].MsuName.Text();
+  file_label_->SetWholeText(slot.State == kRowEmpty ? ""
+                                                    : ToQString(name.empty() ? slot.Title : name));
   peak_label_->setText(ToQString(PeakSummary(program)));
-  if (!hint_is_fresh_) hint_label_->SetWholeText("");
-  hint_is_fresh_ = false;
 }
 
 void MainWindow::RefreshPointer() {

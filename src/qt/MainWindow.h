@@ -42,7 +42,9 @@ class MainWindow : public QMainWindow {
   void ConnectActions();
   void Open();
   void Save();
-  void AfterOpen(const std::vector<std::string>& paths);
+  // The whole range stays whole with other spectra.
+  void OpenBy(const std::function<void(Program&)>& open);
+  void TellWhatWasNotRead(const std::vector<std::string>& paths);
   void ShowWholeSpectrum();
   void ToggleArea();
   void Hint(const QString& text);
@@ -59,7 +61,6 @@ class MainWindow : public QMainWindow {
   ElidedLabel* file_label_ = nullptr;
   ElidedLabel* hint_label_ = nullptr;
   QLabel* peak_label_ = nullptr;
-  bool hint_is_fresh_ = false;  // set since the last command began
   bool pointer_is_set_ = false;
   bool lower_placed_ = false;
 };

@@ -22,12 +22,13 @@ constexpr std::array<std::int16_t, 5> kReadoutUnits = {kUnitKeV, kUnitD, kUnitWa
                                                        kUnit2Theta};
 constexpr const char* kUnitTips[] = {"Energy, keV", "d value, \u212B", "Wavelength, \u212B",
                                      "Q, 1/\u212B", "2\u03B8, degrees"};
+constexpr const char* kWidestValues[] = {"888.888", "8888.8888", "888.8888", "88.8888", "88.8888"};
 constexpr const char* kSourceTexts[] = {"Default", "This File"};
 
 QGridLayout* FieldGrid(QWidget* box) {
   auto* grid = new QGridLayout(box);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(8);
+  grid->setHorizontalSpacing(6);
   grid->setVerticalSpacing(4);
   return grid;
 }
@@ -41,26 +42,57 @@ QSpinBox* ChannelBox(const QString& name, const QString& tip, QWidget* parent) {
   box->setFocusPolicy(Qt::ClickFocus);
   box->setToolTip(tip);
   box->setAccessibleName(tip);
-  box->setFixedWidth(box->fontMetrics().horizontalAdvance("8888") + 48);
+  box->setFixedWidth(box->fontMetrics().horizontalAdvance("88888") + 36);
   return box;
 }
 
 }  // namespace
 
-ReadoutStrip::ReadoutStrip(Session& session, QWidget* parent)
-    : QWidget(parent), session_(session) {
+ReadoutStrip::ReadoutStrip(Session& session, QWidget* parent) : QWidget(parent), session_(session) {
   setObjectName("fraReadOut");
-  auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(12, 4, 12, 4);
-  row->setSpacing(12);
-  row->addWidget(CursorFields());
-  row->addWidget(VerticalRule(this));
-  row->addWidget(ScaleFields());
-  row->addWidget(VerticalRule(this));
-  row->addWidget(CalibrationFields(), 1);
+  grid_ = new QGridLayout(this);
+  grid_->setContentsMargins(12, 4, 12, 4);
+  grid_->setHorizontalSpacing(12);
+  grid_->setVerticalSpacing(4);
+  grid_->setSizeConstraint(QLayout::SetNoConstraint);
+  grid_->setColumnStretch(4, 1);
+  grid_->addWidget(CursorFields(), 0, 0);
+  grid_->addWidget(VerticalRule(this), 0, 1);
+  grid_->addWidget(ScaleFields(), 0, 2);
+  rule_ = VerticalRule(this);
+  grid_->addWidget(rule_, 0, 3);
+  calibration_ = CalibrationFields();
+  grid_->addWidget(calibration_, 0, 4);
+  whole_width_ = grid_->minimumSize().width();
   Follow();
   RefreshScale();
   RefreshCalibration();
+}
+
+void ReadoutStrip::Arrange(bool one_row) {
+  if (one_row == one_row_) return;
+  one_row_ = one_row;
+  grid_->removeWidget(calibration_);
+  if (one_row) {
+    grid_->addWidget(calibration_, 0, 4);
+  } else {
+    grid_->addWidget(calibration_, 1, 0, 1, 5);
+  }
+  rule_->setVisible(one_row);
+  updateGeometry();
+}
+
+void ReadoutStrip::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  Arrange(width() >= whole_width_);
+}
+
+QSize ReadoutStrip::minimumSizeHint() const {
+  return {whole_width_ - calibration_->minimumSizeHint().width(), grid_->minimumSize().height()};
+}
+
+QSize ReadoutStrip::sizeHint() const {
+  return {grid_->sizeHint().width(), grid_->minimumSize().height()};
 }
 
 QWidget* ReadoutStrip::CursorFields() {
@@ -69,13 +101,13 @@ QWidget* ReadoutStrip::CursorFields() {
   inumCursorCh_ = ChannelBox("inumCursorCh", "Cursor: channel index from 0", box);
   grid->addWidget(FieldCaption("Cursor", Qt::AlignLeft, box), 0, 0);
   grid->addWidget(inumCursorCh_, 1, 0);
-  inumCursorCnt_ = new ValueLabel("inumCursorCnt_0", "888888888", box);
+  inumCursorCnt_ = new ValueLabel("inumCursorCnt_0", "88888888", box);
   inumCursorCnt_->setToolTip("Count at the cursor");
   grid->addWidget(FieldCaption("Count", Qt::AlignRight, box), 0, 1);
   grid->addWidget(inumCursorCnt_, 1, 1);
   for (int i = 0; i < kCursorUnits; ++i) {
     const auto at = static_cast<std::size_t>(i);
-    auto* value = new ValueLabel(QString("inumCursorDisp_%1").arg(i), "888.8888", box);
+    auto* value = new ValueLabel(QString("inumCursorDisp_%1").arg(i), kWidestValues[at], box);
     value->setToolTip(kUnitTips[at]);
     inumCursorDisp_[at] = value;
     const QString unit = ToQString(UnitLabel(kReadoutUnits[at]));
@@ -120,34 +152,30 @@ QWidget* ReadoutStrip::ScaleFields() {
   itxtScaleY_ = new ValueLabel("itxtScaleY", "888.8K", box);
   itxtScaleY_->setToolTip("Height of the count axis");
 
-  grid->addWidget(new QLabel("Unit", box), 0, 0);
-  grid->addWidget(cboUnitX_, 0, 1);
-  grid->addWidget(ckbLogScale_, 0, 2);
-  grid->addWidget(new QLabel("Height", box), 0, 3);
-  grid->addWidget(itxtScaleY_, 0, 4);
-  grid->addWidget(StepButton("cmdTaller", "mnuTaller", "taller", "Taller (Up)"), 0, 5);
-  grid->addWidget(StepButton("cmdShoter", "mnuShoter", "shorter", "Shorter (Down)"), 0, 6);
+  grid->addWidget(new QLabel("Height", box), 0, 0);
+  grid->addWidget(itxtScaleY_, 0, 1);
+  grid->addWidget(StepButton("cmdTaller", "mnuTaller", "taller", "Taller (Up)"), 0, 2);
+  grid->addWidget(StepButton("cmdShoter", "mnuShoter", "shorter", "Shorter (Down)"), 0, 3);
   grid->addWidget(new QLabel("Span", box), 1, 0);
   grid->addWidget(imnSpanCh_, 1, 1);
-  grid->addWidget(ckbVtAuto_, 1, 2);
-  grid->addWidget(new QLabel("Width", box), 1, 3);
-  grid->addWidget(StepButton("cmdWider", "mnuWider", "wider", "Wider (key pad +)"), 1, 5);
+  grid->addWidget(StepButton("cmdWider", "mnuWider", "wider", "Wider (key pad +)"), 1, 2);
   grid->addWidget(StepButton("cmdNarrower", "mnuNarrower", "narrower", "Narrower (key pad -)"), 1,
-                  6);
+                  3);
+  grid->addWidget(new QLabel("Unit", box), 0, 4);
+  grid->addWidget(cboUnitX_, 1, 4);
+  grid->addWidget(ckbLogScale_, 0, 5);
+  grid->addWidget(ckbVtAuto_, 1, 5);
 
   connect(cboUnitX_, &QComboBox::activated, this, [this](int unit) {
     session_.Do([=](Program& program) { SetDispUnit(program, static_cast<std::int16_t>(unit)); });
   });
-  connect(imnSpanCh_, &QSpinBox::valueChanged, this, [this](int span) {
-    session_.Do([=](Program& program) { SetSpanCh(program, span); });
-  });
+  connect(imnSpanCh_, &QSpinBox::valueChanged, this,
+          [this](int span) { session_.Do([=](Program& program) { SetSpanCh(program, span); }); });
   connect(imnSpanCh_, &QSpinBox::editingFinished, this, &ReadoutStrip::EntryDone);
-  connect(ckbLogScale_, &QCheckBox::clicked, this, [this](bool on) {
-    session_.Do([=](Program& program) { SetLogScale(program, on); });
-  });
-  connect(ckbVtAuto_, &QCheckBox::clicked, this, [this](bool on) {
-    session_.Do([=](Program& program) { SetAutoScale(program, on); });
-  });
+  connect(ckbLogScale_, &QCheckBox::clicked, this,
+          [this](bool on) { session_.Do([=](Program& program) { SetLogScale(program, on); }); });
+  connect(ckbVtAuto_, &QCheckBox::clicked, this,
+          [this](bool on) { session_.Do([=](Program& program) { SetAutoScale(program, on); }); });
   return box;
 }
 
@@ -160,16 +188,16 @@ QWidget* ReadoutStrip::CalibrationFields() {
     optEGC_[at]->setObjectName(QString("optEGC_%1").arg(i));
     optEGC_[at]->setFocusPolicy(Qt::TabFocus);
     lblEGC_[at] = new ElidedLabel(QString("lblEGC_%1").arg(i), box);
-    txt2Theta_[at] = new ValueLabel(QString("txt2Theta_%1").arg(i), "888.88888\u00B0", box);
+    txt2Theta_[at] = new ValueLabel(QString("txt2Theta_%1").arg(i), "88.88888\u00B0", box);
+    lblEGC_[at]->setFont(SmallFont(lblEGC_[at]->font()));
     grid->addWidget(optEGC_[at], i, 0);
     grid->addWidget(lblEGC_[at], i, 1);
     grid->addWidget(new QLabel("2\u03B8", box), i, 2);
     grid->addWidget(txt2Theta_[at], i, 3);
-    connect(optEGC_[at], &QRadioButton::clicked, this, [this, i] {
-      session_.Do([=](Program& program) { optEGC_Click(program, i); });
-    });
+    connect(optEGC_[at], &QRadioButton::clicked, this,
+            [this, i] { session_.Do([=](Program& program) { optEGC_Click(program, i); }); });
   }
-  grid->setColumnStretch(1, 1);
+  grid->setColumnStretch(4, 1);
   return box;
 }
 
@@ -226,8 +254,8 @@ void ReadoutStrip::RefreshCalibration() {
   for (std::size_t i = 0; i < sources.size(); ++i) {
     const bool known = i == 0 || graph;
     lblEGC_[i]->SetWholeText(known ? ToQString(EgcLabel(sources[i]->EGC)) : "");
-    txt2Theta_[i]->setText(
-        known ? ToQString(Picture(sources[i]->TwoTheta, "0.00000")) + "\u00B0" : "");
+    txt2Theta_[i]->setText(known ? ToQString(Picture(sources[i]->TwoTheta, "0.00000")) + "\u00B0"
+                                 : "");
     for (QWidget* field : {static_cast<QWidget*>(optEGC_[i]), static_cast<QWidget*>(lblEGC_[i]),
                            static_cast<QWidget*>(txt2Theta_[i])}) {
       field->setEnabled(known);
@@ -235,8 +263,9 @@ void ReadoutStrip::RefreshCalibration() {
     optEGC_[i]->setChecked(i == used);
     QPalette ink = palette();
     if (i == used) {
-      ink.setColor(QPalette::Active, QPalette::WindowText,
-                   ToQColor(workspace.ColorTbl[kColorCursor]));
+      const QColor red = ToQColor(workspace.ColorTbl[kColorCursor]);
+      ink.setColor(QPalette::Active, QPalette::WindowText, red);
+      ink.setColor(QPalette::Inactive, QPalette::WindowText, red);
     }
     optEGC_[i]->setPalette(ink);
   }

@@ -4,6 +4,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QGridLayout>
 #include <QLabel>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -20,9 +21,14 @@ class ReadoutStrip : public QWidget {
 
  public:
   ReadoutStrip(Session& session, QWidget* parent);
+  QSize minimumSizeHint() const override;
+  QSize sizeHint() const override;
 
  signals:
   void EntryDone();  // a typed value has been taken
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   static constexpr int kCursorUnits = 5;
@@ -32,12 +38,19 @@ class ReadoutStrip : public QWidget {
   QWidget* ScaleFields();
   QWidget* CalibrationFields();
   QWidget* StepButton(const char* name, const char* command, const char* icon, const char* tip);
+  // Without room for all in one row the calibration stands in a second one.
+  void Arrange(bool one_row);
   void Follow();
   void RefreshCursor();
   void RefreshScale();
   void RefreshCalibration();
 
   Session& session_;
+  QGridLayout* grid_;
+  QFrame* rule_;
+  QWidget* calibration_;
+  int whole_width_ = 0;  // that one row needs
+  bool one_row_ = true;
   QSpinBox* inumCursorCh_;
   ValueLabel* inumCursorCnt_;
   std::array<ValueLabel*, kCursorUnits> inumCursorDisp_{};

@@ -56,11 +56,15 @@ void ElidedLabel::resizeEvent(QResizeEvent* event) {
   Elide();
 }
 
+QFont SmallFont(const QFont& base) {
+  QFont small = base;
+  small.setPointSizeF(base.pointSizeF() * 0.9);
+  return small;
+}
+
 QLabel* FieldCaption(const QString& text, Qt::Alignment alignment, QWidget* parent) {
   auto* caption = new QLabel(text, parent);
-  QFont small = caption->font();
-  small.setPointSizeF(small.pointSizeF() * 0.9);
-  caption->setFont(small);
+  caption->setFont(SmallFont(caption->font()));
   caption->setAlignment(alignment | Qt::AlignBottom);
   caption->setForegroundRole(QPalette::PlaceholderText);
   return caption;

@@ -26,6 +26,7 @@ class ElidedLabel : public QLabel {
  public:
   explicit ElidedLabel(const QString& name, QWidget* parent);
   void SetWholeText(const QString& text);
+  const QString& WholeText() const { return whole_; }
   QSize minimumSizeHint() const override;
   QSize sizeHint() const override;
 
@@ -37,6 +38,7 @@ class ElidedLabel : public QLabel {
   QString whole_;
 };
 
+QFont SmallFont(const QFont& base);
 // Caption in small, quieter letters above a field.
 QLabel* FieldCaption(const QString& text, Qt::Alignment alignment, QWidget* parent);
 QFrame* VerticalRule(QWidget* parent);

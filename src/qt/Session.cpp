@@ -13,6 +13,7 @@ Session::Session()
               ToUtf8(QCoreApplication::applicationDirPath()) + "/") {}
 
 void Session::Run(std::string_view command) {
+  emit Begun();
   progress.Start();
   RunCommand(program, command);
   progress.Finish();
@@ -20,6 +21,7 @@ void Session::Run(std::string_view command) {
 }
 
 void Session::Do(const std::function<void(Program&)>& operation) {
+  emit Begun();
   progress.Start();
   try {
     operation(program);

@@ -32,7 +32,8 @@ class Session : public QObject {
   Program program;
 
  signals:
-  void Done();  // a command or an operation has ended
+  void Begun();  // a command or an operation starts
+  void Done();
 };
 
 }  // namespace dorvane

@@ -39,10 +39,9 @@ std::string FileName(const std::string& path) {
 }
 
 bool IsOpen(const Workspace& workspace, const std::string& path) {
-  return std::any_of(
-      workspace.Slots.begin(), workspace.Slots.end(), [&](const GraphSlot& slot) {
-        return slot.State != kRowEmpty && slot.Title == FileName(path);
-      });
+  return std::any_of(workspace.Slots.begin(), workspace.Slots.end(), [&](const GraphSlot& slot) {
+    return slot.State != kRowEmpty && slot.Title == FileName(path);
+  });
 }
 
 }  // namespace
@@ -78,9 +77,8 @@ std::string PeakSummary(const Program& program) {
   const PeakTable& table = program.workspace.Peaks[program.view.DataNo];
   const bool graph = program.workspace.Slots[program.view.GraphNo].State != kRowEmpty;
   if (!graph || table.Count == 0) return {};
-  const auto fitted =
-      std::count_if(table.Peaks.begin(), table.Peaks.begin() + table.Count,
-                    [](const PeakRec& peak) { return peak.FitDone != kFalse; });
+  const auto fitted = std::count_if(table.Peaks.begin(), table.Peaks.begin() + table.Count,
+                                    [](const PeakRec& peak) { return peak.FitDone != kFalse; });
   return std::to_string(table.Count) + (table.Count == 1 ? " peak, " : " peaks, ") +
          std::to_string(fitted) + " fitted";
 }

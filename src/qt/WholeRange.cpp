@@ -22,8 +22,8 @@ void ShowOpenSpectra(Program& program) {
 
 bool ShowsWholeRange(const Program& program) {
   const double span = program.view.SpanCh;
-  return program.view.StartCh == 0 && (span == program.workspace.MaxCh ||
-                                       span == LongestSpectrum(program.workspace));
+  return program.view.StartCh == 0 &&
+         (span == program.workspace.MaxCh || span == LongestSpectrum(program.workspace));
 }
 
 }  // namespace dorvane
