@@ -5,6 +5,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <filesystem>
+#include <map>
 #include <mutex>
 #include <optional>
 #include <ostream>
@@ -61,14 +62,13 @@ ResultPaths PathsFor(const AnalyseOptions& options, const std::string& file) {
   return {base + "_peaks.csv", base + "_lattice.json", base + "." + options.picture};
 }
 
-// Why the results of a file can't be written; empty when they can.
-std::string Obstacle(FileLayer& files, const AnalyseOptions& options, std::size_t index) {
-  const ResultPaths paths = PathsFor(options, options.files[index]);
-  for (std::size_t earlier = 0; earlier < index; ++earlier) {
-    if (PathsFor(options, options.files[earlier]).peaks == paths.peaks) {
-      return paths.peaks + " belongs to " + options.files[earlier] + " already";
-    }
-  }
+// Why the results of a file can't be written; empty when they can. `owners` tells whose results
+// have that name.
+std::string Obstacle(FileLayer& files, const AnalyseOptions& options, const std::string& file,
+                     std::map<std::string, std::string>& owners) {
+  const ResultPaths paths = PathsFor(options, file);
+  const auto [owner, is_new] = owners.emplace(paths.peaks, file);
+  if (!is_new) return paths.peaks + " belongs to " + owner->second + " already";
   if (options.overwrite) return {};
   for (const std::string* path : paths.All()) {
     if (files.Info(*path)) return *path + " exists already (--overwrite replaces it)";
@@ -105,14 +105,16 @@ class Workshop {
  public:
   Workshop(const AnalyseOptions& options, const CrystalLibrary& library)
       : options_(options), library_(library), outcomes_(options.files.size()) {
+    std::map<std::string, std::string> owners;
     for (std::size_t i = 0; i < outcomes_.size(); ++i) {
-      outcomes_[i].error = Obstacle(files_, options_, i);
+      outcomes_[i].error = Obstacle(files_, options_, options_.files[i], owners);
       outcomes_[i].done = !outcomes_[i].error.empty();
     }
   }
   Workshop(const Workshop&) = delete;
   Workshop& operator=(const Workshop&) = delete;
   ~Workshop() {
+    Change([this] { closing_ = true; });
     for (std::thread& worker : workers_) worker.join();
   }
 
@@ -129,9 +131,7 @@ class Workshop {
 
   // Pictures can be drawn from now on.
   void OpenGallery() {
-    const std::lock_guard lock(mutex_);
-    gallery_open_ = true;
-    changed_.notify_all();
+    Change([this] { gallery_open_ = true; });
   }
 
   // Waits for a file; `show` is told how many are done meanwhile.
@@ -163,9 +163,7 @@ class Workshop {
         outcome.error = failure.what();
       }
       outcome.done = true;
-      const std::lock_guard lock(mutex_);
-      outcomes_[index] = std::move(outcome);
-      changed_.notify_all();
+      Change([&] { outcomes_[index] = std::move(outcome); });
     }
   }
 
@@ -191,7 +189,15 @@ class Workshop {
 
   void WaitForGallery() {
     std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return gallery_open_; });
+    changed_.wait(lock, [this] { return gallery_open_ || closing_; });
+    if (!gallery_open_) throw BatchError("pictures can't be drawn");
+  }
+
+  template <typename Action>
+  void Change(Action action) {
+    const std::lock_guard lock(mutex_);
+    action();
+    changed_.notify_all();
   }
 
   const AnalyseOptions& options_;
@@ -201,6 +207,7 @@ class Workshop {
   std::mutex mutex_;
   std::condition_variable changed_;
   bool gallery_open_ = false;
+  bool closing_ = false;
   std::atomic<std::size_t> next_ = 0;
   std::vector<std::thread> workers_;
 };

@@ -62,8 +62,9 @@ struct Analysis {
 // A spectrum under work and what has been found in it.
 class AnalysisRun {
  public:
-  // Does the whole job. Throws BatchError where there is nothing to show: an unreadable file, a
-  // fit that fails as a whole, lines that the crystal doesn't have.
+  // Does the whole job; `files` and `request` outlive the run. Throws BatchError where there is
+  // nothing to show: an unreadable file, a fit that fails as a whole, lines that the crystal
+  // doesn't have.
   AnalysisRun(FileLayer& files, const CrystalLibrary& library, const AnalysisRequest& request,
               const std::string& path);
 

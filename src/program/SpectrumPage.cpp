@@ -89,6 +89,20 @@ double FittedCounts(const PeakRec& peak, double channel) {
          peak.BackSlope * (channel - peak.RegionStart + 1);
 }
 
+// Lends the engine a surface for the page; it has none afterwards, come what may.
+class LentSurface {
+ public:
+  LentSurface(DrawSpect& spect, Surface& surface) : spect_(spect) {
+    spect_.SetSurface(kPageView, &surface);
+  }
+  LentSurface(const LentSurface&) = delete;
+  LentSurface& operator=(const LentSurface&) = delete;
+  ~LentSurface() { spect_.SetSurface(kPageView, nullptr); }
+
+ private:
+  DrawSpect& spect_;
+};
+
 class PagePainter {
  public:
   PagePainter(Program& program, const SpectrumPage& content, const PanelMaker& make_panel)
@@ -115,7 +129,6 @@ class PagePainter {
     DrawLabels(*graph);
     DrawFrame(*page);
     DrawAxes();
-    program_.spect.SetSurface(kPageView, nullptr);
   }
 
  private:
@@ -146,7 +159,7 @@ class PagePainter {
     spect.SetWidthX(kPageView, ToInt16(shown_.last - shown_.first + 1));
     spect.SetStartX(kPageView, ToInt16(shown_.first));
     spect.SetDivisions(kPageView, CountTicksOf(axis_height_).Divisions);
-    spect.SetSurface(kPageView, &graph);
+    const LentSurface lent(spect, graph);
     // Paler than on the screen, where the lines are also handles.
     spect.SetMarkColors(Mixed(colors_[kColorPeakMark], ground), colors_[kColorGrid]);
     spect.Redraw(kPageView);
