@@ -183,6 +183,8 @@ std::int16_t ClearAllGrp(const GraphList& list) {
 }
 
 std::int16_t ConfirmUnsaved(const GraphList& list) {
+  // KEPT: Yes drops the data, though the text reads the other way round, and every unsaved row is
+  // asked about, whichever graph is to go: the answers are habits of the users.
   for (int grp_no = 0; grp_no < kRows; ++grp_no) {
     if (list.workspace.Slots[grp_no].State != kRowUnsaved) continue;
     Question question;

@@ -60,6 +60,15 @@ TEST_F(PeakCommandsTest, AMixedShapeStartsWithFourFifthsOfTheHeightAsGaussian) {
   EXPECT_EQ(peak.HalfWidth, 5);
 }
 
+TEST_F(PeakCommandsTest, AMixedShapeAsHighAsItsEdgeStartsWithoutWidthAsMeant) {
+  // nothing above the edge, so centre and width stay 0; four fifths of the height come after that
+  const auto data_no = Show(std::vector<std::int32_t>(100, 500));
+  Enter(data_no, {500, 50, 6}, 30, 70);
+  const PeakFitResult result = FitOnePeak(program, data_no, 0, kMix, 5);
+  EXPECT_EQ(result.status, 11);
+  EXPECT_EQ(result.text, "(error) CFDQR2 :初期fGaussのエラー");
+}
+
 TEST_F(PeakCommandsTest, TheShapeZeroHasNoGaussianShareAndGivesNoCurve) {
   const auto data_no = Show(Spectrum(200, 50, {{10000, 100, 6}}));
   const PeakRec& peak = Enter(data_no, {9500, 99, 5}, 80, 120);
@@ -239,6 +248,22 @@ TEST_F(PeakCommandsTest, TheSearchAboutTheCursorEndsNineChannelsToItsRight) {
   ASSERT_EQ(Table(data_no).Count, 1);  // a ramp is one peak as a whole, at its greatest count
   EXPECT_EQ(Table(data_no).Peaks[0].Center, 109);
   EXPECT_EQ(Table(data_no).Peaks[0].RegionStart, 90);
+}
+
+TEST_F(PeakCommandsTest, AHighestCountInChannelZeroIsRefusedAsAPeakAsMeant) {
+  const auto data_no = Show(std::vector<std::int32_t>(600, 7));  // flat: one peak, at its first
+  dialogs.ExpectMessage("intPeakNo=-1");
+  InsertAllPeaks(program);
+  EXPECT_EQ(Table(data_no).Count, 0);
+}
+
+TEST_F(PeakCommandsTest, AWideRangeWithoutAFallingFlankLosesItsPeakAgainAsMeant) {
+  // flat from channel 100 on: the region comes out without channels, so that nothing is fitted
+  const auto data_no = Show(std::vector<std::int32_t>(700, 7));
+  SetArea(program, 100, 699);
+  dialogs.ExpectMessage("1 Peaks Cuted");
+  FitPeak(program, 0);
+  EXPECT_EQ(Table(data_no).Count, 0);
 }
 
 TEST_F(PeakCommandsTest, TheSensitivityIsTheSetting) {

@@ -172,7 +172,7 @@ TEST_F(GraphListTest, DeletingFromAnEmptyListDoesNothing) {
   EXPECT_TRUE(listener.notices.empty());
 }
 
-TEST_F(GraphListTest, ClearingAsksAboutEveryUnsavedRowNotOnlyItsOwn) {
+TEST_F(GraphListTest, ClearingAsksAboutEveryUnsavedRowNotOnlyItsOwnAsMeant) {
   Add("a.npd");
   Add("b.npd");
   workspace->Slots[1].State = kRowUnsaved;
@@ -181,7 +181,7 @@ TEST_F(GraphListTest, ClearingAsksAboutEveryUnsavedRowNotOnlyItsOwn) {
   EXPECT_EQ(workspace->Slots[0].State, kRowEmpty);
 }
 
-TEST_F(GraphListTest, YesDropsTheDataAndAsksOn) {
+TEST_F(GraphListTest, YesDropsTheDataAndAsksOnAsMeant) {
   Add("a.npd");
   Add("b.npd");
   workspace->Slots[0].State = kRowUnsaved;
