@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "qt/MoveGraph.h"
 #include "qt/Text.h"
 
 namespace dorvane {
@@ -26,7 +27,7 @@ CurveRow::CurveRow(Session& session, int win_no, int grp_no, QWidget* parent)
   chkGrp_.setObjectName(QString("chkGrp_%1").arg(win_no * 10 + grp_no));
   chkGrp_.setFocusPolicy(Qt::TabFocus);
   chkGrp_.setGeometry(8, 0, kSwatchLeft - 8, kRowHeight);
-  connect(&chkGrp_, &QCheckBox::clicked, this, [this](bool on) { ShowIt(win_no_, on); });
+  connect(&chkGrp_, &QCheckBox::clicked, this, [this](bool on) { ShowHere(on); });
 }
 
 bool CurveRow::IsHere() const {
@@ -75,9 +76,10 @@ void CurveRow::paintEvent(QPaintEvent*) {
   painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeft, title);
 }
 
-void CurveRow::ShowIt(int win_no, bool shown) {
-  session_.Do([this, win_no, shown](Program& program) {
-    ChgValue_chkGrp(program.List(), win_no, grp_no_, shown);
+void CurveRow::ShowHere(bool shown) {
+  session_.Do([this, shown](Program& program) {
+    MoveGraph(program, grp_no_, win_no_);
+    ChgValue_chkGrp(program.List(), win_no_, grp_no_, shown);
   });
 }
 
@@ -95,11 +97,10 @@ void CurveRow::mousePressEvent(QMouseEvent*) {
 
 void CurveRow::contextMenuEvent(QContextMenuEvent* event) {
   QMenu menu(this);
-  for (int win_no = 0; win_no < kWindows; ++win_no) {
-    if (win_no == session_.program.workspace.Slots[grp_no_].WinNo) continue;
-    menu.addAction(QString("Move to window %1").arg(win_no + 1), this,
-                   [this, win_no] { ShowIt(win_no, true); });
-  }
+  const int other = 1 - session_.program.workspace.Slots[grp_no_].WinNo;
+  menu.addAction(QString("Move to window %1").arg(other + 1), this, [this, other] {
+    session_.Do([=, this](Program& program) { MoveGraph(program, grp_no_, other); });
+  });
   menu.exec(event->globalPos());
 }
 

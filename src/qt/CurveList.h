@@ -26,7 +26,7 @@ class CurveRow : public QWidget {
  private:
   bool IsHere() const;  // whether this window shows the graph
   bool IsCurrent() const;
-  void ShowIt(int win_no, bool shown);
+  void ShowHere(bool shown);
   void Select();
 
   Session& session_;

@@ -52,6 +52,7 @@ void ShowKeys(QWidget* parent, const Actions& actions) {
   table->setHorizontalHeaderLabels({"Key", "Action"});
   table->setEditTriggers(QAbstractItemView::NoEditTriggers);
   table->setSelectionMode(QAbstractItemView::NoSelection);
+  table->setFocusPolicy(Qt::NoFocus);
   table->setShowGrid(false);
   table->setAlternatingRowColors(true);
   table->verticalHeader()->hide();

@@ -26,6 +26,8 @@
 namespace dorvane {
 namespace {
 
+constexpr const char* kHowToStop = "Escape stops the operation";
+
 std::vector<std::string> LocalFiles(const QMimeData& data) {
   std::vector<std::string> paths;
   for (const QUrl& url : data.urls()) {
@@ -128,10 +130,8 @@ void MainWindow::Connect() {
   });
   connect(session_.get(), &Session::Begun, this, [this] { Hint(""); });
   connect(session_.get(), &Session::Done, this, [this] { RefreshStatus(); });
-  connect(&session_->progress, &StatusProgress::Began, this,
-          [this] { Hint("Escape stops the operation"); });
-  connect(&session_->progress, &StatusProgress::Ended, this,
-          [this](bool cancelled) { Hint(cancelled ? "Stopped; nothing has changed" : ""); });
+  connect(&session_->progress, &StatusProgress::Began, this, [this] { Hint(kHowToStop); });
+  connect(&session_->progress, &StatusProgress::Ended, this, &MainWindow::HintAtTheEnd);
   session_->dialogs.OnMessage([this](std::string_view message) {
     Hint(ToQString(HintFor(message, session_->program.workspace)));
   });
@@ -208,6 +208,12 @@ void MainWindow::ToggleArea() {
 
 void MainWindow::Hint(const QString& text) {
   hint_label_->SetWholeText(text);
+}
+
+// A message's hint stays.
+void MainWindow::HintAtTheEnd(bool cancelled) {
+  if (cancelled) Hint("Stopped; nothing has changed");
+  if (hint_label_->WholeText() == kHowToStop) Hint("");
 }
 
 void MainWindow::RefreshScrollBar() {

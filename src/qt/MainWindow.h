@@ -48,6 +48,7 @@ class MainWindow : public QMainWindow {
   void ShowWholeSpectrum();
   void ToggleArea();
   void Hint(const QString& text);
+  void HintAtTheEnd(bool cancelled);
   void RefreshScrollBar();
   void RefreshStatus();
   void RefreshPointer();

@@ -12,6 +12,7 @@ namespace dorvane {
 namespace {
 
 constexpr const char* kProgramName = "Dorvane";
+constexpr QSize kFileDialogSize(800, 520);
 constexpr const char* kAllFiles = "All files (*)";
 
 // An arrow while a box waits for its answer, whatever the pointer was.
@@ -72,6 +73,7 @@ std::vector<std::string> QtDialogs::ChooseFilesToOpen(const FileRequest& request
   dialog.setFileMode(request.several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(NameFilters(request.filter));
+  dialog.resize(kFileDialogSize);
   last_opened_.clear();
   if (dialog.exec() != QDialog::Accepted) return {};
   for (const QString& path : dialog.selectedFiles()) last_opened_.push_back(ToUtf8(path));
@@ -86,6 +88,7 @@ std::optional<std::string> QtDialogs::ChooseFileToSave(const FileRequest& reques
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setOption(QFileDialog::DontConfirmOverwrite);  // the writers ask themselves
   dialog.setNameFilters(NameFilters(request.filter));
+  dialog.resize(kFileDialogSize);
   dialog.selectFile(ToQString(request.file_name));
   last_saved_.clear();
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};

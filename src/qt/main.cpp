@@ -2,10 +2,12 @@
 #include <QApplication>
 
 #include "qt/MainWindow.h"
+#include "qt/ThemeIcon.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("Dorvane");
+  QApplication::setWindowIcon(dorvane::ThemeIcon("fit"));
   dorvane::MainWindow window;
   window.show();
   return QApplication::exec();

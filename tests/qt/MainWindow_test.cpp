@@ -113,6 +113,15 @@ TEST_F(MainWindowTest, CheckBoxOfTheLowerWindowMovesACurveThere) {
   EXPECT_FALSE(Find<QCheckBox>("chkGrp_0")->isChecked());
 }
 
+TEST_F(MainWindowTest, MovedCurveIsTheCurrentOneOfItsWindow) {
+  OpenCorundum();
+  Trigger("mnuSmooth");
+  Find<QCheckBox>("chkGrp_10")->click();
+  EXPECT_EQ(View().CurWin, 1);
+  EXPECT_EQ(View().SelectedRow[1], 0);
+  EXPECT_EQ(View().SelectedRow[0], 1);
+}
+
 TEST_F(MainWindowTest, ClickOnATitleMakesItsGraphTheCurrentOne) {
   OpenCorundum();
   Trigger("mnuSmooth");
