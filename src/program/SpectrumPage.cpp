@@ -45,6 +45,12 @@ bool Overlap(const TextBox& a, const TextBox& b) {
          b.top < a.bottom;
 }
 
+struct PlacedLabel {
+  TextBox box;
+  double x = 0;  // of the peak
+  std::string_view text;
+};
+
 Color Mixed(Color a, Color b) {
   const auto half = [](Color x, Color y, int shift) {
     return (((x >> shift) & 0xFF) + ((y >> shift) & 0xFF)) / 2;
@@ -208,12 +214,10 @@ class PagePainter {
     return YOf(largest);
   }
 
-  void DrawLabels(Surface& graph) const {
-    graph.SetScale(0, 0, plot_.width, plot_.height);
-    graph.SetFontSize(kTextPoints);
+  // Boxes of the labels that have room, in the order of the labels; the earlier ones stand lower.
+  std::vector<PlacedLabel> PlaceLabels(const Surface& graph) const {
     const double text_height = graph.TextHeight();
-    const Color pale = Mixed(colors_[kColorAxis], colors_[kColorWindowBack]);
-    std::vector<TextBox> placed;
+    std::vector<PlacedLabel> placed;
     for (const PageLabel& label : content_.labels) {
       if (label.channel < shown_.first || label.channel > shown_.last) continue;
       const double x = XOf(label.channel);
@@ -224,18 +228,31 @@ class PagePainter {
       TextBox box{left, bottom - text_height, left + text_width, bottom};
       const auto collides = [&] {
         return std::any_of(placed.begin(), placed.end(),
-                           [&](const TextBox& other) { return Overlap(box, other); });
+                           [&](const PlacedLabel& other) { return Overlap(box, other.box); });
       };
       while (box.top >= 0 && collides()) {
         box.top -= text_height / 2;
         box.bottom -= text_height / 2;
       }
-      if (box.top < 0) continue;
-      placed.push_back(box);
+      if (box.top >= 0) placed.push_back({box, x, label.text});
+    }
+    return placed;
+  }
+
+  // Lines down to the peaks first, so that they pass behind the labels.
+  void DrawLabels(Surface& graph) const {
+    graph.SetScale(0, 0, plot_.width, plot_.height);
+    graph.SetFontSize(kTextPoints);
+    const Color ground = colors_[kColorWindowBack];
+    const Color pale = Mixed(colors_[kColorAxis], ground);
+    const std::vector<PlacedLabel> placed = PlaceLabels(graph);
+    for (const auto& [box, x, text] : placed) {
       const double foot = SkyOf(x - 1, x + 1) - kLabelGap / 2;
       if (foot - box.bottom > kLeaderFrom) graph.Box({x, box.bottom}, {x, foot}, pale, 1);
-      graph.Box({box.left - 1, box.top}, {box.right + 1, box.bottom}, colors_[kColorWindowBack], 1);
-      graph.Text({box.left, box.top}, label.text, colors_[kColorAxis]);
+    }
+    for (const auto& [box, x, text] : placed) {
+      graph.Box({box.left - 1, box.top}, {box.right + 1, box.bottom}, ground, 1);
+      graph.Text({box.left, box.top}, text, colors_[kColorAxis]);
     }
   }
 

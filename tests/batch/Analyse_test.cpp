@@ -254,6 +254,16 @@ TEST_F(AnalyseTest, EveryCurveCanBeFitted) {
   }
 }
 
+// In this spectrum the search finds a peak whose normal matrix has no finite inverse.
+TEST_F(AnalyseTest, PeakOnWhichTheEngineFaultsIsLeftOut) {
+  Run({"simulate", "--crystal", "MgO", "--pressure", "10", "--counts", "30000", "--seed", "5",
+       "--out", "s.npd"});
+  const BatchRun run = Analyse({"s.npd", "--fit-on", "raw", "--marker", "--judge", "0.2"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.out, HasSubstr("can't be fitted and is left out: Overflow"));
+  EXPECT_NEAR(Lattice("s")["pressure_GPa"]["value"].get<double>(), 10, 0.1);
+}
+
 TEST_F(AnalyseTest, LibraryOfTheUserServes) {
   std::string library;
   for (int i = 0; i < 10; ++i) library += "free line\r\n";
