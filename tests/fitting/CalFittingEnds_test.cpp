@@ -284,6 +284,12 @@ TEST(CurveFit, NegativeHalfWidthBecomes10) {
   EXPECT_EQ(c, Of({5, 6, 10, 8}));
 }
 
+TEST(CurveFit, HalfWidthOfZeroIsLeftToFault) {
+  Coefficients c = Of({5, 6, 0, 8});
+  EXPECT_EQ(Curve({1, 2, 9, 2, 1, 1, 1}, 1, c).status, 11);
+  EXPECT_EQ(c[3], 0);
+}
+
 TEST(CurveFit, CentreOutsideOfTheRegionBecomesItsMiddle) {
   for (const double centre : {0.5, 501.5, -3.0}) {
     Coefficients c = Of({5, centre, 7, 8});

@@ -365,6 +365,27 @@ TEST(CFDQR2, CoefficientOutsideTheRankKeepsItsValueThroughTheStep) {
   EXPECT_NEAR(c[1], 84.2857, 0.001);
 }
 
+// The third trial of the second round moves all three coefficients, the fourth leaves the centre
+// out: with the trial's centre the information matrix is singular; with the accepted one the fit
+// would reach its limit after 103 trials. A Lorentzian takes no function that libraries round
+// apart.
+TEST(CFDQR2, CoefficientOutsideTheRankKeepsItsLastTrialAsMeant) {
+  Coefficients c = Of({10, 6, 10000});
+  const FitSummary summary = Fit({17, 20, 18, 26, 15, 21, 22}, 2, c, 3);
+  EXPECT_EQ(summary.status, 4);
+  EXPECT_EQ(summary.outer_rounds, 2);
+  EXPECT_EQ(summary.trials, 5);
+}
+
+// With the step of the round before, the last round would take six more trials.
+TEST(CFDQR2, CoefficientOutsideTheRankHasNoStep) {
+  Coefficients c = Of({10, 1, 10000, 5});
+  const FitSummary summary = Fit({5, 14, 3, 8, 9}, 2, c, 4);
+  EXPECT_EQ(summary.status, 0);
+  EXPECT_EQ(summary.outer_rounds, 6);
+  EXPECT_EQ(summary.trials, 6);
+}
+
 // With a floor of its own for every coefficient, or with that of the height, the fit would take an
 // 18th round.
 TEST(CFDQR2, LastSolvedCoefficientSetsTheFloorForAllAsMeant) {

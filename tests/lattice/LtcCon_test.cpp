@@ -218,6 +218,18 @@ TEST_F(LatticeLsqTest, ALineWithoutAnAngleIsLeftOutAndStillListed) {
   EXPECT_NEAR(state->Fit.FitDev[2], 0.01, 1e-6);
 }
 
+TEST_F(LatticeLsqTest, AWeightOfZeroOrLessBecomesOne) {
+  AddFitLine(1, 0, 0, 4);
+  AddFitLine(1, 1, 0, 2.83);
+  state->Match.CurData = kDataNo;
+  LoadFitLines(*state, *workspace, kCubic);
+  state->Fit.FitWeight[1] = 0;
+  state->Fit.FitWeight[2] = -3;
+  ASSERT_EQ(LatticeLsq(state->Fit, result, dialogs), kLsqDone);
+  EXPECT_EQ(state->Fit.FitWeight[1], 1);
+  EXPECT_EQ(state->Fit.FitWeight[2], 1);
+}
+
 TEST_F(LatticeLsqTest, ALineWithoutADValueHasNoDeviation) {
   AddFitLine(1, 0, 0, 4);
   AddFitLine(2, 0, 0, 0, 0);
