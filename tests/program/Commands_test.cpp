@@ -119,6 +119,24 @@ TEST_F(EngineTest, AShownSpectrumIsRegisteredInItsWindowAlone) {
   EXPECT_EQ(program.spect.CurveOf(1, data_no).Shown, kTrue);
 }
 
+TEST_F(EngineTest, ASpectrumSetIntoAnotherWindowLeavesTheFirst) {
+  const auto data_no = Show({1, 2, 3});
+  SetGraph(list, 1, 0, data_no, "");
+  EXPECT_EQ(program.spect.CurveOf(0, data_no).Valid, kFalse);
+  EXPECT_EQ(program.spect.CurveOf(1, data_no).Valid, kTrue);
+}
+
+TEST_F(EngineTest, AnotherColourTableColoursRowsCurvesAndMarksAndShowsNothingHidden) {
+  const auto data_no = Show({1, 2, 3});
+  ChgValue_chkGrp(list, 0, 0, false);
+  ColorTable colors = workspace.ColorTbl;
+  colors[data_no] = 0x123456;
+  UseColors(program, colors);
+  EXPECT_EQ(Row(0).Color, 0x123456);
+  EXPECT_EQ(program.spect.CurveOf(0, data_no).Color, 0x123456);
+  EXPECT_EQ(program.spect.CurveOf(0, data_no).Shown, kFalse);
+}
+
 TEST_F(EngineTest, AHiddenGraphIsNotDrawn) {
   const auto data_no = Show({1, 2, 3});
   ChgValue_chkGrp(list, 0, 0, false);

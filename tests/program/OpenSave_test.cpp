@@ -59,6 +59,12 @@ TEST_F(OpenSaveTest, AFailedReadStopsAfterTheReader) {
   EXPECT_EQ(workspace.GrpCount, 1);
 }
 
+TEST_F(OpenSaveTest, DriveAndDirectoryAreThoseOfTheLastFile) {
+  ReadGraph(program, 0, 0, "C:\\data\\x.abc");
+  EXPECT_EQ(workspace.CurDrive, "C:");
+  EXPECT_EQ(workspace.CurDir, "\\data\\");
+}
+
 TEST_F(OpenSaveTest, AReadWithoutAFreeNumberChangesNothingButTheCaption) {
   workspace.DataUse.fill(kTrue);
   workspace.Regions.RoiCount = 3;

@@ -12,6 +12,9 @@ namespace {
 using testing::ElementsAre;
 using testing::MatchesRegex;
 
+// Counts are rounded to integers.
+constexpr double kChannelTolerance = 0.02;
+
 // What the peak commands leave in tables, rows, flags and marks.
 class PeakCommandsTest : public PeakFitTest {
  protected:
@@ -76,6 +79,13 @@ TEST_F(PeakCommandsTest, TheShapeZeroHasNoGaussianShareAndGivesNoCurve) {
   EXPECT_EQ(peak.FuncType, kNoFunc);
   EXPECT_EQ(peak.GaussRatio, 0);
   EXPECT_EQ(peak.FitDone, -1);
+}
+
+TEST_F(PeakCommandsTest, ARegionBeginsAtTheFirstChannel) {
+  const auto data_no = Show(Spectrum(200, 50, {{10000, 30, 6}}));
+  const PeakRec& peak = Enter(data_no, {9500, 29, 5}, -40, 60);
+  EXPECT_EQ(FitOnePeak(program, data_no, 0, kGauss, 4).status, 0);
+  EXPECT_NEAR(peak.Center, 30, kChannelTolerance);
 }
 
 TEST_F(PeakCommandsTest, ARegionWithoutChannelsIsNotFitted) {

@@ -225,10 +225,12 @@ TEST_F(PeakFitTest, WithNothingUnderTheCursorTheCommandEndsQuietly) {
 }
 
 TEST_F(PeakFitTest, AnUnknownShapeSettingBecomesGauss) {
-  workspace.FitParam.FuncType = 9;
   Show(Spectrum(300, 100, {}));
-  FitPeak(program, 0);
-  EXPECT_EQ(workspace.FitParam.FuncType, kGauss);
+  for (const std::int16_t type : {9, 0, -1}) {
+    workspace.FitParam.FuncType = type;
+    FitPeak(program, 0);
+    EXPECT_EQ(workspace.FitParam.FuncType, kGauss) << type;
+  }
 }
 
 TEST_F(PeakFitTest, PeaksThatAreNotAcceptedAreRemovedWithAMessage) {
@@ -243,7 +245,8 @@ TEST_F(PeakFitTest, PeaksThatAreNotAcceptedAreRemovedWithAMessage) {
   EXPECT_NEAR(workspace.Peaks[data_no].Peaks[0].Center, 200, kChannelTolerance);
 }
 
-// The search gives well under half of a half width of six channels, from where the fit steps to a negative width.
+// The search gives well under half of a half width of six channels, from where the fit steps to a
+// negative width.
 TEST_F(PeakFitTest, AFitThatEndsAtANegativeWidthIsCutAsMeant) {
   const auto data_no = Show(Spectrum(300, 100, {{20000, 150, 6}}));
   SetArea(program, 100, 200);

@@ -123,6 +123,30 @@ TEST_F(ViewTest, TallerAndShorterWalkTheStepsAndLeaveAutoScale) {
   EXPECT_EQ(view.HeightY, 500);
 }
 
+TEST_F(ViewTest, AutoScaleFollowsTheShownRange) {
+  std::vector<std::int32_t> counts(4096, 0);
+  counts[10] = 750000;
+  counts[3000] = 31;
+  Show(counts);
+  SetSpanCh(program, 1000);
+  SetStartCh(program, 2500);
+  EXPECT_EQ(view.HeightY, 40);
+  SetAutoScale(program, false);
+  SetStartCh(program, 0);
+  EXPECT_EQ(view.HeightY, 40);
+  SetAutoScale(program, true);
+  EXPECT_EQ(view.HeightY, 800000);
+}
+
+TEST_F(ViewTest, AnotherUnitOrCalibrationIsShownOnAxisAndReadOut) {
+  listener.notices.clear();
+  SetDispUnit(program, 3);
+  EXPECT_EQ(view.DispUnit, 3);
+  optEGC_Click(program, 1);
+  EXPECT_EQ(listener.notices,
+            (std::vector<std::string>{"axis", "cursor", "calibration", "axis", "cursor"}));
+}
+
 TEST_F(ViewTest, TheCalibrationOptionPicksTheSource) {
   const auto data_no = Show({1});
   workspace.Spectra[data_no].Prop.TwoTheta = 6;
@@ -221,6 +245,15 @@ TEST_F(CursorTest, TheAreaAboutAPeakBeginsAtChannelZero) {
   PeakJump(program, 1);
   EXPECT_EQ(view.AreaStart, 0);
   EXPECT_EQ(view.AreaEnd, 13);
+}
+
+TEST_F(CursorTest, TheEndsOfAnAreaComeInAnyOrder) {
+  SetArea(program, 90, 20);
+  EXPECT_EQ(view.AreaStart, 20);
+  EXPECT_EQ(view.AreaEnd, 90);
+  ClearArea(program);
+  EXPECT_EQ(view.AreaStart, kNoEnd);
+  EXPECT_EQ(view.AreaEnd, kNoEnd);
 }
 
 TEST_F(CursorTest, WithoutTheAreaCursorAJumpSetsNoArea) {

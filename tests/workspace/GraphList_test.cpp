@@ -261,11 +261,11 @@ TEST_F(GraphListTest, TheCurrentRowStaysOnItsGraphWhenOneBeforeItIsDeleted) {
   Add("a.npd");
   Add("b.npd");
   Add("c.npd");
-  Change_cboGrphSel(list, 0, 2);
+  Change_cboGrphSel(list, 0, 1);
   DeleteGraph(list, 0);
-  EXPECT_EQ(view.GraphNo, 1);
-  EXPECT_EQ(view.DataNo, 2);
-  EXPECT_EQ(view.SelectedRow[0], 1);
+  EXPECT_EQ(view.GraphNo, 0);
+  EXPECT_EQ(view.DataNo, 1);
+  EXPECT_EQ(view.SelectedRow[0], 0);
 }
 
 TEST_F(GraphListTest, DeletingTheLastRowMakesTheOneBeforeItCurrent) {
@@ -370,7 +370,9 @@ TEST_F(GraphListTest, ActivatingAWindowShowsItsGraphInTheCaptions) {
   Add("a.npd");
   Add("b.npd");
   view.SelectedRow[1] = 1;
+  listener.notices.clear();
   ChangeActiveWin(list, 1);
+  EXPECT_THAT(listener.notices, ElementsAre("active 1", "axis", "caption"));
   EXPECT_EQ(view.CurWin, 1);
   EXPECT_EQ(view.GraphNo, 1);
   EXPECT_EQ(view.DataNo, 1);
@@ -404,10 +406,17 @@ TEST_F(GraphListTest, TheCheckBoxOfTheOtherWindowMovesAGraphThere) {
   EXPECT_EQ(listener.Count("shown 1 0"), 1);
 }
 
+TEST_F(GraphListTest, TheCheckBoxOfAnEmptyRowDoesNothing) {
+  ChgValue_chkGrp(list, 1, 3, true);
+  EXPECT_EQ(workspace->Slots[3], GraphSlot{});
+  EXPECT_TRUE(listener.notices.empty());
+}
+
 TEST_F(GraphListTest, AHiddenGraphStaysInTheList) {
   Add("a.npd");
   ChgValue_chkGrp(list, 0, 0, false);
   EXPECT_EQ(workspace->Slots[0].Disp, 0);
+  EXPECT_EQ(listener.Count("off 0 0"), 1);
   EXPECT_EQ(workspace->Slots[0].State, kRowSaved);
 }
 
