@@ -185,8 +185,8 @@ void PoissonFit::FillDampedProblem() {
   for (int row = static_cast<int>(n_) + 1; row <= static_cast<int>(n_ + m_); ++row) r_[row] = 0;
 }
 
-// Trial coefficients from the damped linear problem. What the rank leaves out keeps its trial
-// value.
+// Trial coefficients from the damped linear problem.
+// KEPT: what the rank leaves out keeps the value of the trial before, accepted or not.
 void PoissonFit::Solve() {
   FillDampedProblem();
   const std::size_t rank = GramSchmidtQR(q_, n_ + m_, m_, triangle_, pivots_);

@@ -125,6 +125,7 @@ void CalcLines(FitWork& fit, const CellVector& recip) {
     for (int j = 1; j <= fit.ParamCount; ++j) sum += fit.Design[i][j] * recip[j];
     fit.FitDCalc[i] = Divide32(1.0f, Root32(sum));
     const float deviation = Divide32(fit.FitD[i], fit.FitDCalc[i]) - 1.0f;
+    // KEPT: a line without a d value shows no deviation instead of -1.
     fit.FitDev[i] = deviation == -1.0f ? 0.0f : deviation;
   }
 }

@@ -136,6 +136,7 @@ double PressAu(double x, double TK) {
                 (0.00714 - 0.0115 * Log(y)) * (TK - 300));
 }
 
+// KEPT: no range check, unlike platinum; far from the grid the outermost cubic gives any number.
 double PressMgOTable(double x, double TK) {
   return Interpolate(kMgONodes, -0.1, 1 - x, TK);
 }

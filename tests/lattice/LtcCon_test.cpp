@@ -230,7 +230,7 @@ TEST_F(LatticeLsqTest, AWeightOfZeroOrLessBecomesOne) {
   EXPECT_EQ(state->Fit.FitWeight[2], 1);
 }
 
-TEST_F(LatticeLsqTest, ALineWithoutADValueHasNoDeviation) {
+TEST_F(LatticeLsqTest, ALineWithoutADValueIsMeantToHaveNoDeviation) {
   AddFitLine(1, 0, 0, 4);
   AddFitLine(2, 0, 0, 0, 0);
   ASSERT_EQ(Fit(kCubic), kLsqDone);

@@ -180,7 +180,7 @@ TEST(MagnesiumOxideTable, InterpolatesAmongFourNodes) {
   EXPECT_NEAR(PressMgOTable(0.962, 300.15), 6.5727869067, 1e-9);
 }
 
-TEST(MagnesiumOxideTable, GoesOnOutsideItsGrid) {
+TEST(MagnesiumOxideTable, IsMeantToGoOnOutsideItsGrid) {
   EXPECT_NEAR(PressMgOTable(0.7, 300), 124.818276188, 1e-6);
   EXPECT_NEAR(PressMgOTable(1.12, 300), -13.0601960867, 1e-7);
   EXPECT_NEAR(PressMgOTable(0, 300), 2081.38332727, 1e-4);
