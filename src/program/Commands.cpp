@@ -91,6 +91,7 @@ constexpr std::array kCommands{
     Command{"mnuPeakAllDelete", "", DeletePeaks},
     Command{"JmpLeft", "mnuPeakJumpB", JumpLeft},
     Command{"JmpRight", "mnuPeakJumpN", JumpRight},
+    Command{"AreaCursor", "", ToggleAreaCursor},
     Command{"CursorLeft", "", CursorLeft},
     Command{"CursorRight", "", CursorRight},
     Command{"mnuTaller", "", mnuTaller},
@@ -127,7 +128,7 @@ bool RunCommand(Program& program, std::string_view name) {
   return command == nullptr || RunGuarded(program, command->run);
 }
 
-bool RunGuarded(Program& program, void (*run)(Program&)) {
+bool RunGuarded(Program& program, const std::function<void(Program&)>& run) {
   try {
     run(program);
     return true;

@@ -2,6 +2,7 @@
 // program and tests alike.
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string_view>
 
@@ -26,7 +27,7 @@ const Command* FindCommand(std::string_view name);
 // after a fault.
 bool RunCommand(Program& program, std::string_view name);
 // The same for any operation.
-bool RunGuarded(Program& program, void (*run)(Program&));
+bool RunGuarded(Program& program, const std::function<void(Program&)>& run);
 
 // "AllFit": fits the whole range of the current graph.
 void AllFit(Program& program);

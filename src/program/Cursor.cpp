@@ -56,6 +56,12 @@ void SetFullRange(Program& program) {
   program.Listener().CursorMoved();
 }
 
+void ToggleAreaCursor(Program& program) {
+  program.view.AreaOn = program.view.AreaOn == kFalse ? kTrue : kFalse;
+  if (program.view.AreaOn == kFalse) SetFullRange(program);
+  program.Listener().CursorMoved();
+}
+
 void SetArea(Program& program, int start, int end) {
   program.view.AreaStart = ToInt16(std::min(start, end));
   program.view.AreaEnd = ToInt16(std::max(start, end));

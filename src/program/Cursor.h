@@ -17,6 +17,9 @@ void CsrX_Change(Program& program, int channel);
 // The area cursor of the whole spectrum: channels 0..MaxCh.
 void SetFullRange(Program& program);
 
+// "AreaCursor": switches the area cursor on; off, the fit goes over the whole spectrum again.
+void ToggleAreaCursor(Program& program);
+
 // Ends of the area cursor in any order; equal ends count as no area.
 void SetArea(Program& program, int start, int end);
 void ClearArea(Program& program);

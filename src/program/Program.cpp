@@ -32,6 +32,9 @@ void UseColors(Program& program, const ColorTable& colors) {
   Workspace& workspace = program.workspace;
   workspace.ColorTbl = colors;
   program.spect.SetMarkColors(colors[kColorPeakMark], colors[kColorGrid]);
+  for (int win_no = 0; win_no < kWindows; ++win_no) {
+    program.spect.SetBackColor(win_no, colors[kColorWindowBack + win_no]);
+  }
   for (GraphSlot& slot : workspace.Slots) {
     if (slot.State == kRowEmpty) continue;
     slot.Color = colors[slot.DataNo];

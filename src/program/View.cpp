@@ -92,20 +92,20 @@ void ShowAllChannels(Program& program) {
 void cmdWider(Program& program) {
   const double span = program.view.SpanCh;
   if (span <= kSmallestSpan) return;
-  RangeSet(program, program.view.StartCh + span / 4, span / 2);
+  RangeSet(program, program.view.StartCh, span / 2);
 }
 
 void cmdNarrower(Program& program) {
   const double span = program.view.SpanCh;
   if (span * 2 > program.workspace.MaxCh) return;
-  RangeSet(program, program.view.StartCh - span / 2, span * 2);
+  RangeSet(program, program.view.StartCh, span * 2);
 }
 
 void mnuTaller(Program& program) {
-  StepHeight(program, -1);
+  StepHeight(program, 1);
 }
 void mnuShoter(Program& program) {
-  StepHeight(program, 1);
+  StepHeight(program, -1);
 }
 
 void SetLogScale(Program& program, bool log_scale) {

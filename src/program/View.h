@@ -30,8 +30,8 @@ void ShowAllChannels(Program& program);
 // room.
 void cmdWider(Program& program);
 void cmdNarrower(Program& program);
-// mnuTaller and mnuShoter: the next lower or higher of the 35 heights, so that curves grow or
-// shrink.
+// mnuTaller and mnuShoter: the next higher or lower of the 35 heights.
+// KEPT: it is the scale that grows taller, so the curves shrink.
 void mnuTaller(Program& program);
 void mnuShoter(Program& program);
 

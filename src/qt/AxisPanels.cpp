@@ -37,7 +37,7 @@ CountAxisPanel::CountAxisPanel(Session& session, int win_no, QWidget* parent)
     : QWidget(parent), session_(session) {
   setObjectName(QString("picScaleY_%1").arg(win_no));
   setAccessibleName(QString("Count axis of window %1").arg(win_no + 1));
-  setToolTip("Counts. Wheel: taller, shorter. Double click: fit the height");
+  setToolTip("Counts. Wheel: larger or smaller curves. Double click: fit the height");
   setFixedWidth(AxisMetrics(*this).horizontalAdvance(" 88.8K") + kTickAndGap + 8);
 }
 
@@ -53,7 +53,7 @@ void CountAxisPanel::paintEvent(QPaintEvent*) {
 
 void CountAxisPanel::wheelEvent(QWheelEvent* event) {
   if (event->angleDelta().y() != 0) {
-    session_.Run(event->angleDelta().y() > 0 ? "mnuTaller" : "mnuShoter");
+    session_.Run(event->angleDelta().y() > 0 ? "mnuShoter" : "mnuTaller");
   }
   event->accept();
 }

@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
-#include "qt/MoveGraph.h"
+#include "program/MoveGraph.h"
 #include "qt/Text.h"
 
 namespace dorvane {

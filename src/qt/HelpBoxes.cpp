@@ -20,7 +20,7 @@ constexpr MouseRow kMouse[] = {
     {"Drag", "Moves the cursor; with the area cursor on, marks a range or moves its edge"},
     {"Wheel", "Zooms about the pointer"},
     {"Shift+Wheel", "Scrolls"},
-    {"Wheel on the count axis", "Taller, shorter"},
+    {"Wheel on the count axis", "Larger or smaller curves"},
     {"Double click on an axis", "Restores the full range"},
     {"Escape", "Stops a long operation"},
 };

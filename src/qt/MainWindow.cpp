@@ -16,11 +16,11 @@
 #include "program/Cursor.h"
 #include "program/OpenSave.h"
 #include "program/View.h"
+#include "program/WholeRange.h"
 #include "qt/HelpBoxes.h"
 #include "qt/Keys.h"
 #include "qt/StatusHints.h"
 #include "qt/Text.h"
-#include "qt/WholeRange.h"
 #include "workspace/Colors.h"
 
 namespace dorvane {
@@ -69,12 +69,6 @@ void MainWindow::UseDesktopColors() {
   Program& program = session_->program;
   if (palette().color(QPalette::Window).lightness() >= 128) return;
   UseColors(program, DarkColors());
-  // The engine takes a ground with a view as it opens.
-  for (int win_no = 0; win_no < kWindows; ++win_no) {
-    program.spect.OpenView(win_no, nullptr, program.workspace.ColorTbl[kColorWindowBack + win_no]);
-    program.Listener().CountScaleChanged(win_no);
-  }
-  program.Listener().RangeChanged();
 }
 
 void MainWindow::BuildCentre() {
@@ -149,7 +143,7 @@ void MainWindow::ConnectActions() {
   on("mnuLoad", [this] { Open(); });
   on("mnuSave", [this] { Save(); });
   on("mnuExit", [this] { close(); });
-  on("chkArea", [this] { ToggleArea(); });
+  on("chkArea", [this] { session_->Run("AreaCursor"); });
   on("mnuWhole", [this] { ShowWholeSpectrum(); });
   on("mnuLowerWindow", [this](bool open) { splitter_->OpenLower(open); });
   on("mnuHelp", [this] { ShowHelp(*session_); });
@@ -196,14 +190,6 @@ void MainWindow::Save() {
 
 void MainWindow::ShowWholeSpectrum() {
   session_->Do(ShowOpenSpectra);
-}
-
-void MainWindow::ToggleArea() {
-  session_->Do([](Program& program) {
-    program.view.AreaOn = program.view.AreaOn == kFalse ? kTrue : kFalse;
-    if (program.view.AreaOn == kFalse) SetFullRange(program);
-    program.Listener().CursorMoved();
-  });
 }
 
 void MainWindow::Hint(const QString& text) {

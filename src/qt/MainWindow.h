@@ -46,7 +46,6 @@ class MainWindow : public QMainWindow {
   void OpenBy(const std::function<void(Program&)>& open);
   void TellWhatWasNotRead(const std::vector<std::string>& paths);
   void ShowWholeSpectrum();
-  void ToggleArea();
   void Hint(const QString& text);
   void HintAtTheEnd(bool cancelled);
   void RefreshScrollBar();

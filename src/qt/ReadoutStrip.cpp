@@ -154,8 +154,10 @@ QWidget* ReadoutStrip::ScaleFields() {
 
   grid->addWidget(new QLabel("Height", box), 0, 0);
   grid->addWidget(itxtScaleY_, 0, 1);
-  grid->addWidget(StepButton("cmdTaller", "mnuTaller", "taller", "Taller (Up)"), 0, 2);
-  grid->addWidget(StepButton("cmdShoter", "mnuShoter", "shorter", "Shorter (Down)"), 0, 3);
+  grid->addWidget(
+      StepButton("cmdShoter", "mnuShoter", "taller", "Shorter scale, larger curves (Down)"), 0, 2);
+  grid->addWidget(
+      StepButton("cmdTaller", "mnuTaller", "shorter", "Taller scale, smaller curves (Up)"), 0, 3);
   grid->addWidget(new QLabel("Span", box), 1, 0);
   grid->addWidget(imnSpanCh_, 1, 1);
   grid->addWidget(StepButton("cmdWider", "mnuWider", "wider", "Wider (key pad +)"), 1, 2);

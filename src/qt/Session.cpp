@@ -1,7 +1,6 @@
 #include "qt/Session.h"
 
 #include <QCoreApplication>
-#include <exception>
 
 #include "program/Commands.h"
 #include "qt/Text.h"
@@ -23,11 +22,7 @@ void Session::Run(std::string_view command) {
 void Session::Do(const std::function<void(Program&)>& operation) {
   emit Begun();
   progress.Start();
-  try {
-    operation(program);
-  } catch (const std::exception& fault) {
-    dialogs.Message(fault.what());
-  }
+  RunGuarded(program, operation);
   progress.Finish();
   emit Done();
 }

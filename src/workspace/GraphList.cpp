@@ -52,6 +52,20 @@ void StayOnGraphs(const Workspace& workspace, ViewState& view) {
   stay(view.GraphNo);
 }
 
+// The curve goes to the other window with the marks of its peaks.
+void MoveToWindow(const GraphList& list, GraphSlot& slot, int win_no) {
+  const PeakTable& peaks = list.workspace.Peaks[slot.DataNo];
+  for (int i = 0; i < peaks.Count; ++i) {
+    list.listener.PeakUnmarked(slot.WinNo, slot.DataNo, peaks.Peaks[i]);
+  }
+  list.listener.SpectrumRemoved(slot.WinNo, slot.DataNo);
+  slot.WinNo = ToInt16(win_no);
+  list.listener.SpectrumShown(win_no, slot.DataNo);
+  for (int i = 0; i < peaks.Count; ++i) {
+    list.listener.PeakMarked(win_no, slot.DataNo, peaks.Peaks[i]);
+  }
+}
+
 }  // namespace
 
 GraphKind KindOf(std::string_view title) {
@@ -235,11 +249,7 @@ void Change_cboGrphSel(const GraphList& list, int win_no, int grp_no) {
 void ChgValue_chkGrp(const GraphList& list, int win_no, int grp_no, bool value) {
   GraphSlot& slot = list.workspace.Slots[grp_no];
   if (slot.State == kRowEmpty) return;
-  if (slot.WinNo != win_no) {
-    list.listener.SpectrumRemoved(slot.WinNo, slot.DataNo);
-    slot.WinNo = ToInt16(win_no);
-    list.listener.SpectrumShown(win_no, slot.DataNo);
-  }
+  if (slot.WinNo != win_no) MoveToWindow(list, slot, win_no);
   slot.Disp = value ? kTrue : kFalse;
   list.listener.GraphShown(win_no, slot.DataNo, value);
   list.listener.CheckBoxesFilled();

@@ -76,6 +76,16 @@ TEST_F(CommandsTest, DeletingAllPeaksFromTheMenuDoesNotAsk) {
   EXPECT_TRUE(RunCommand(program, "mnuPeakAllDelete"));
 }
 
+TEST_F(CommandsTest, SwitchingTheAreaCursorOffMakesTheWholeSpectrumTheRange) {
+  RunCommand(program, "AreaCursor");
+  EXPECT_EQ(view.AreaOn, kTrue);
+  EXPECT_EQ(view.AreaStart, kNoEnd);
+  RunCommand(program, "AreaCursor");
+  EXPECT_EQ(view.AreaOn, kFalse);
+  EXPECT_EQ(view.AreaStart, 0);
+  EXPECT_EQ(view.AreaEnd, 4096);
+}
+
 TEST_F(CommandsTest, TheDrawingModeHoldsForBothWindows) {
   RunCommand(program, "mnuPaint");
   EXPECT_EQ(program.spect.Scale(0).DrawMode, kDrawPaint);
@@ -154,6 +164,17 @@ TEST_F(EngineTest, APeakHasALineAtItsCentreAsLongAsItIsInTheTable) {
   EXPECT_EQ(program.spect.PeakLinesOf(0).Entry(0), 101);
   list.listener.PeakUnmarked(0, 0, peak);
   EXPECT_EQ(program.spect.PeakLinesOf(0).Count(), 0);
+}
+
+TEST_F(EngineTest, AGraphTakesThePeakLinesToTheOtherWindow) {
+  const auto data_no = Show({1, 2, 3});
+  PeakRec& peak = workspace.Peaks[data_no].Peaks[0];
+  peak.Center = 2;
+  workspace.Peaks[data_no].Count = 1;
+  list.listener.PeakMarked(0, data_no, peak);
+  ChgValue_chkGrp(list, 1, 0, true);
+  EXPECT_EQ(program.spect.PeakLinesOf(0).Count(), 0);
+  EXPECT_EQ(program.spect.PeakLinesOf(1).Count(), 1);
 }
 
 TEST_F(EngineTest, ClearedPointMarksLeaveTheCurve) {

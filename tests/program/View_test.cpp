@@ -112,15 +112,25 @@ TEST_F(ViewTest, TheLogarithmicScaleHasSevenDecadesAndKeepsTheHeight) {
   EXPECT_EQ(program.spect.Scale(0).MaxY, 400);
 }
 
-TEST_F(ViewTest, TallerAndShorterWalkTheStepsAndLeaveAutoScale) {
+TEST_F(ViewTest, ATallerScaleMakesTheCurvesSmallerAsMeant) {
   Show({400});
   AutoScaleY(program, 0, 0);
   mnuTaller(program);
-  EXPECT_EQ(view.HeightY, 300);
+  EXPECT_EQ(view.HeightY, 500);
   EXPECT_EQ(view.AutoScale, kFalse);
   mnuShoter(program);
   mnuShoter(program);
-  EXPECT_EQ(view.HeightY, 500);
+  EXPECT_EQ(view.HeightY, 300);
+}
+
+TEST_F(ViewTest, WiderAndNarrowerKeepTheFirstChannel) {
+  SetSpanCh(program, 512);
+  SetStartCh(program, 1000);
+  cmdWider(program);
+  EXPECT_EQ(view.StartCh, 1000);
+  cmdNarrower(program);
+  EXPECT_EQ(view.StartCh, 1000);
+  EXPECT_EQ(view.SpanCh, 512);
 }
 
 TEST_F(ViewTest, AutoScaleFollowsTheShownRange) {

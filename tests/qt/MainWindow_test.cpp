@@ -219,11 +219,11 @@ INSTANTIATE_TEST_SUITE_P(Keys, CursorKeys,
                                          KeyStep{Qt::Key_Right, Qt::ShiftModifier, 120},
                                          KeyStep{Qt::Key_Right, Qt::KeypadModifier, 101}));
 
-TEST_F(MainWindowTest, UpAndDownChangeTheHeight) {
+TEST_F(MainWindowTest, UpAndDownChangeTheHeightOfTheScale) {
   OpenCorundum();
   const std::int32_t height = View().HeightY;
   QTest::keyClick(Find<QWidget>("picGraph_0"), Qt::Key_Up);
-  EXPECT_LT(View().HeightY, height);
+  EXPECT_GT(View().HeightY, height);
   QTest::keyClick(Find<QWidget>("picGraph_0"), Qt::Key_Down);
   EXPECT_EQ(View().HeightY, height);
 }

@@ -1,4 +1,4 @@
-#include "qt/MoveGraph.h"
+#include "program/MoveGraph.h"
 
 namespace dorvane {
 namespace {

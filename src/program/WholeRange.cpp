@@ -1,4 +1,4 @@
-#include "qt/WholeRange.h"
+#include "program/WholeRange.h"
 
 #include <algorithm>
 
