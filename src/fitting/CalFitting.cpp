@@ -45,8 +45,8 @@ void SymmetricProduct(const FitMatrix& a, const FitMatrix& b, std::size_t n, std
 }
 
 bool IsLineShape(std::int16_t mode) {
-  return mode >= static_cast<std::int16_t>(LineShape::Gauss) &&
-         mode <= static_cast<std::int16_t>(LineShape::GaussLorentz);
+  return mode >= static_cast<int>(LineShape::Gauss) &&
+         mode <= static_cast<int>(LineShape::GaussLorentz);
 }
 
 // One run of the iteration: its data, its coefficients and its work arrays. Columns of the matrices
@@ -373,7 +373,7 @@ FitSummary CurveFit(std::span<const double> x, std::span<const double> y, std::i
     highest = y[i];
     position = ToInt16(static_cast<std::int64_t>(i) + 1);
   }
-  const bool two_peaks = mode == static_cast<std::int16_t>(LineShape::GaussLorentz);
+  const bool two_peaks = mode == static_cast<int>(LineShape::GaussLorentz);
   if (c[1] <= 0) MakeStartingValues(c, highest, position, y[0], two_peaks);
   if (c[3] < 0) c[3] = 10;
   const FitSummary summary = CFDQR2(x, y, mode, c, m);

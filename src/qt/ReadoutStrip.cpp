@@ -12,6 +12,7 @@
 #include "qt/Text.h"
 #include "qt/ThemeIcon.h"
 #include "support/NumberText.h"
+#include "support/Rounding.h"
 #include "workspace/Colors.h"
 
 namespace dorvane {
@@ -169,7 +170,7 @@ QWidget* ReadoutStrip::ScaleFields() {
   grid->addWidget(ckbVtAuto_, 1, 5);
 
   connect(cboUnitX_, &QComboBox::activated, this, [this](int unit) {
-    session_.Do([=](Program& program) { SetDispUnit(program, static_cast<std::int16_t>(unit)); });
+    session_.Do([=](Program& program) { SetDispUnit(program, ToInt16(unit)); });
   });
   connect(imnSpanCh_, &QSpinBox::valueChanged, this,
           [this](int span) { session_.Do([=](Program& program) { SetSpanCh(program, span); }); });

@@ -34,7 +34,8 @@ class Surface {
   virtual ~Surface() = default;
   // The corners of the surface in the coordinates to come.
   virtual void SetScale(double left, double top, double right, double bottom) = 0;
-  // Extents of one pixel of scale factor 1 in the coordinates of the scale, both positive; 0 along a scale without extent.
+  // Extents of one pixel of scale factor 1 in the coordinates of the scale, both positive; 0 along
+  // a scale without extent.
   virtual Point PixelSize() const = 0;
   virtual void Clear(Color color) = 0;
   virtual double LineWidth() const = 0;
@@ -42,8 +43,8 @@ class Surface {
   // Separate segments of one colour; a batch is only faster than its single segments.
   virtual void Lines(std::span<const Segment> segments, Color color) = 0;
   virtual void Dots(std::span<const Point> points, Color color) = 0;
-  // Filled box with corners in any order, its edges on whole pixels; `opacity` from 0 to 1. A box without width or
-  // height is a crisp line of LineWidth().
+  // Filled box with corners in any order, its edges on whole pixels; `opacity` from 0 to 1. A box
+  // without width or height is a crisp line of LineWidth().
   virtual void Box(const Point& corner, const Point& opposite, Color color, double opacity) = 0;
   virtual void SetFontSize(double points) = 0;
   // Extents of a text in the coordinates of the scale, both positive.
