@@ -1,6 +1,7 @@
 #include "batch/Analysis.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "batch/BatchError.h"
@@ -36,6 +37,10 @@ bool HasLine(const CrystalRec& crystal, const Hkl& hkl) {
   return false;
 }
 
+// Judgment ranges in angstrom that are tried where none is given; the first is the system's own.
+constexpr std::array kJudgeRanges{0.03, 0.06, 0.1, 0.16, 0.25};
+constexpr double kEnoughInUse = 0.5;  // share of the fitted heights that needs no wider range
+
 std::string LastOf(const std::vector<std::string>& messages, std::string_view otherwise) {
   return messages.empty() ? std::string(otherwise) : messages.back();
 }
@@ -53,7 +58,6 @@ AnalysisRun::AnalysisRun(FileLayer& files, const CrystalLibrary& library,
   workspace.FitParam.PeakThres = request.threshold;
   workspace.FitParam.BackInterval = request.back_interval;
   workspace.FitParam.BackTimes = request.back_times;
-  workspace.Settings.JudgeRange = request.judge_range;
   try {
     Read();
     Prepare();
@@ -164,12 +168,11 @@ void AnalysisRun::Index(const CrystalLibrary& library) {
         throw BatchError(crystal.Name + " has no line " + HklText(hkl) + " in the library");
     }
   }
-  const auto state = std::make_unique<LatticeState>();
-  state->Library = library;
   result_.indexed = true;
   result_.mode = request.mode;
   result_.temperature = request.temperature;
-  result_.lattice = RunLattice(*state, program_->workspace, data_no_, request, ports_.dialogs);
+  result_.lattice = request_.judge_range ? RunWithin(*request_.judge_range, library, request)
+                                         : RunWidening(library, request);
   if (!result_.lattice.rejected.empty()) {
     result_.notes.push_back(std::to_string(result_.lattice.rejected.size()) +
                             " indexed lines left out, off by more than " +
@@ -177,6 +180,52 @@ void AnalysisRun::Index(const CrystalLibrary& library) {
                             " per cent of d (--reject)");
   }
   JudgeLattice();
+}
+
+LatticeReport AnalysisRun::RunWithin(double judge_range, const CrystalLibrary& library,
+                                     const LatticeRequest& request) {
+  const auto state = std::make_unique<LatticeState>();
+  state->Library = library;
+  program_->workspace.Settings.JudgeRange = judge_range;
+  ports_.dialogs.messages.clear();
+  return RunLattice(*state, program_->workspace, data_no_, request, ports_.dialogs);
+}
+
+// The lines of a compressed crystal leave the system's own range. Where that one leaves most of the
+// fitted intensity out, the range that brings most of it into the fit is taken, the narrowest of
+// equals.
+LatticeReport AnalysisRun::RunWidening(const CrystalLibrary& library,
+                                       const LatticeRequest& request) {
+  double range = kJudgeRanges.front();
+  LatticeReport report = RunWithin(range, library, request);
+  const double own = IntensityInUse(report);
+  if (own >= kEnoughInUse) return report;
+  double most = own;
+  for (const double wider : kJudgeRanges) {
+    const double in_use = IntensityInUse(RunWithin(wider, library, request));
+    if (in_use <= most) continue;
+    most = in_use;
+    range = wider;
+  }
+  report = RunWithin(range, library, request);
+  if (range > kJudgeRanges.front()) {
+    result_.notes.push_back(
+        "judgment range widened to " + PlainNumber(range) + " angstrom: lines with " +
+        Picture(100 * most, "0") + " per cent of the fitted heights are in use, with " +
+        PlainNumber(kJudgeRanges.front()) + " only " + Picture(100 * own, "0") + " (--judge)");
+  }
+  return report;
+}
+
+double AnalysisRun::IntensityInUse(const LatticeReport& lattice) const {
+  const PeakTable& table = program_->workspace.Peaks[data_no_];
+  double all = 0;
+  for (int i = 0; i < table.Count; ++i) all += table.Peaks[i].Height;
+  double used = 0;
+  for (const LatticeLine& line : lattice.lines) {
+    if (lattice.cell && line.used) used += table.Peaks[line.peak].Height;
+  }
+  return all > 0 ? used / all : 0;
 }
 
 void AnalysisRun::JudgeLattice() {
@@ -187,8 +236,8 @@ void AnalysisRun::JudgeLattice() {
   if (!lattice.cell) {
     missing = "no cell: " + std::to_string(lattice.lines.size()) + " of " +
               std::to_string(program_->workspace.Peaks[data_no_].Count) + " peaks lie within " +
-              PlainNumber(request_.judge_range) + " angstrom of a line of " + lattice.crystal +
-              " (--judge)";
+              PlainNumber(program_->workspace.Settings.JudgeRange) + " angstrom of a line of " +
+              lattice.crystal + " (--judge)";
   } else if (result_.mode == LatticeMode::Marker && !lattice.pressure) {
     missing = "no pressure: ";
     missing += reason.empty() ? "no scale has the name " + lattice.crystal

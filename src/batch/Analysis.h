@@ -26,7 +26,7 @@ struct AnalysisRequest {
   std::int16_t back_interval = 20;
   std::int16_t back_times = 20;
   std::int16_t threshold = 10;
-  double judge_range = 0.03;  // angstrom
+  std::optional<double> judge_range;  // angstrom; widened from 0.03 as needed where none is given
   std::optional<ChannelSpan> range;
   bool log_scale = false;
 };
@@ -78,6 +78,10 @@ class AnalysisRun {
   void LeaveOut(const Fault& fault, PeakTable& found);
   void Index(const CrystalLibrary& library);
   int CrystalIndex(const CrystalLibrary& library);
+  LatticeReport RunWithin(double judge_range, const CrystalLibrary& library,
+                          const LatticeRequest& request);
+  LatticeReport RunWidening(const CrystalLibrary& library, const LatticeRequest& request);
+  double IntensityInUse(const LatticeReport& lattice) const;
   void JudgeLattice();
   void ListPeaks();
   void TakeMessages();

@@ -46,9 +46,11 @@ void AddAnalyse(CLI::App& app, AnalyseOptions& options, AnalyseTexts& texts) {
       ->capture_default_str();
   analyse->add_option("--range", texts.range, "Channels A:B to be fitted; default: all");
   analyse
-      ->add_option("--judge", request.judge_range, "A line so near in d indexes a peak, angstrom")
-      ->check(CLI::PositiveNumber)
-      ->capture_default_str();
+      ->add_option(
+          "--judge", request.judge_range,
+          "A line so near in d indexes a peak, angstrom; default: 0.03, or up to 0.25 where "
+          "that leaves most of the intensity out")
+      ->check(CLI::PositiveNumber);
   analyse->add_option("--use-lines", texts.use_lines,
                       "Only these lines enter the fit of the cell: \"2 0 0,2 2 0\"");
   analyse->add_option("--exclude-lines", texts.exclude_lines,

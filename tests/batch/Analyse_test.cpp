@@ -213,6 +213,25 @@ TEST_F(AnalyseTest, QuietPrintsNothing) {
   EXPECT_EQ(Analyse({"samples/gold_ambient.npd", "--quiet"}).out, "");
 }
 
+TEST_F(AnalyseTest, CompressedMarkerIsFoundWithoutTypingARange) {
+  // the truth of the simulation is 5 GPa; its 111 lies 0.16 angstrom below the library's
+  const BatchRun run = Analyse({"samples/nacl_5GPa.npd", "--marker", "--format", "json"});
+  const json result = json::parse(run.out)[0];
+  EXPECT_NEAR(result["pressure_GPa"]["value"].get<double>(), 5.0, 0.1);
+  EXPECT_THAT(result["notes"].dump(), HasSubstr("judgment range widened to 0.16 angstrom"));
+}
+
+TEST_F(AnalyseTest, ATypedRangeIsNotWidened) {
+  const BatchRun run =
+      Analyse({"samples/nacl_5GPa.npd", "--marker", "--judge", "0.03", "--format", "json"});
+  EXPECT_THAT(run.out, Not(HasSubstr("widened")));
+}
+
+TEST_F(AnalyseTest, ARangeThatExplainsTheSpectrumIsNotWidened) {
+  const BatchRun run = Analyse({"samples/gold_ambient.npd", "--format", "json"});
+  EXPECT_THAT(run.out, Not(HasSubstr("widened")));
+}
+
 TEST_F(AnalyseTest, CellThatWasAskedForAndIsMissingIsAFailureWithPeaks) {
   const BatchRun run =
       Analyse({"samples/nacl_5GPa.npd", "--crystal", "NACL", "--quiet", "--judge", "0.0001"});
