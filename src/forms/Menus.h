@@ -1,0 +1,64 @@
+// Menu entries and tool bars: what they are called, whether they are on, pressed or checked, and
+// their events.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/Control.h"
+
+namespace dorvane {
+
+// An entry of a menu, or a menu when others hang below it.
+class MenuItem : public Control {
+ public:
+  // `key` is a key sequence as "Ctrl+O"; empty for none.
+  MenuItem(ControlList& controls, std::string name, std::string caption, MenuItem* parent = nullptr,
+           std::string key = "");
+  void Accept(ControlVisitor& visitor) override;
+  MenuItem* Parent() const { return parent_; }
+  const std::string& Key() const { return key_; }
+  bool Checkable() const { return checkable_; }
+  bool Checked() const { return checked_; }
+  void SetChecked(bool checked);  // makes it checkable; no event
+  void Choose() { Click.Fire(); }
+  Event<> Click;
+
+ private:
+  MenuItem* parent_;
+  std::string key_;
+  bool checkable_ = false;
+  bool checked_ = false;
+};
+
+struct ToolButton {
+  std::string key{};
+  std::string caption{};
+  std::string tip{};
+  bool enabled = true;
+  bool pressed = false;
+};
+
+class ToolBar : public Control {
+ public:
+  ToolBar(ControlList& controls, std::string name, std::vector<ToolButton> buttons);
+  void Accept(ControlVisitor& visitor) override;
+  const std::vector<ToolButton>& Buttons() const { return buttons_; }
+  // False for a key without a button.
+  bool ButtonEnabled(std::string_view key) const;
+  bool ButtonPressed(std::string_view key) const;
+  // Ignored for a key without a button.
+  void SetButtonEnabled(std::string_view key, bool enabled);
+  void SetButtonPressed(std::string_view key, bool pressed);
+  void Press(std::string_view key) { ButtonClick.Fire(key); }
+  Event<std::string_view> ButtonClick;
+
+ private:
+  const ToolButton* Find(std::string_view key) const;
+  void Set(std::string_view key, bool ToolButton::*field, bool value);
+
+  std::vector<ToolButton> buttons_;
+};
+
+}  // namespace dorvane
