@@ -40,6 +40,8 @@ class DrawSpect {
   // The scale of view 0, and from now on its curves and marks: the view becomes the one alias there
   // is.
   void CopyView(int view, Surface* surface, Color back_color);
+  // The alias shows its own curves and marks again, as it had them before CopyView.
+  void EndAlias() { alias_view_ = 0; }
   // Another ground for the same picture, from the next redraw on.
   void SetBackColor(int view, Color color) { views_[view].back_color = color; }
   // Another surface for the same picture; nullptr takes it away.

@@ -8,6 +8,7 @@
 #include "program/OpenSave.h"
 #include "program/PeakFit.h"
 #include "program/View.h"
+#include "program/WindowStyle.h"
 
 namespace dorvane {
 namespace {
@@ -98,6 +99,10 @@ constexpr std::array kCommands{
     Command{"mnuShoter", "", mnuShoter},
     Command{"mnuNarrower", "", cmdNarrower},
     Command{"mnuWider", "", cmdWider},
+    Command{"Expand", "mnuExpandOn", ToggleExpand},
+    Command{"mnuExpandOff", "", ToggleExpand},
+    Command{"mnuWinType_0", "", LineUpGraphs},
+    Command{"mnuWinType_1", "", PileUpGraphs},
     Command{"mnuLogarithmic", "", ToggleLogScale},
     Command{"mnuAutomatic", "", ToggleAutoScale},
     Command{"mnuLine", "", DrawLines},

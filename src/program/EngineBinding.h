@@ -34,6 +34,7 @@ class EngineBinding : public WorkspaceListener {
   void PointMarksCleared(int WinNo, int DataNo) override;
   void WindowCleared(int WinNo) override;
   void RedrawWanted(int WinNo) override;
+  void WindowStyleChanged() override;
   void WindowActivated(int WinNo) override;
   void UnitAxisChanged() override;
   void CountScaleChanged(int WinNo) override;
@@ -45,7 +46,11 @@ class EngineBinding : public WorkspaceListener {
   void DataTypeShown() override;
 
  private:
-  void ApplyScale(int win_no);
+  // Whose arrays of the engine hold the curves of a window: all are in the first in pile-up style.
+  int ViewOf(int win_no) const { return view_.PileUpOn != kFalse ? 0 : win_no; }
+  void Register(const GraphSlot& slot);
+  void MarkPeak(int WinNo, int DataNo, const PeakRec& peak);
+  void ApplyScale(int WinNo);
   void ApplyRange();
 
   const Workspace& workspace_;

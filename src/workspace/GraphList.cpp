@@ -30,7 +30,10 @@ void UpdateFilePile(const GraphList& list, int win_no) {
     view.FilePile[win_no] = kTrue;
     if (view.PileUpOn != kFalse && win_no == 0) view.FilePile[1] = kFalse;
   }
-  if (win_no == 1 && view.PileUpOn == kFalse) view.ExpandOn = kFalse;
+  if (win_no == 1 && view.PileUpOn == kFalse && view.ExpandOn != kFalse) {
+    view.ExpandOn = kFalse;
+    list.listener.WindowStyleChanged();
+  }
 }
 
 // The selection of each window and the current row stay on their graphs when the rows from `from`

@@ -54,6 +54,7 @@ struct ViewState {
   Fixed<std::int16_t, 0, kWindows - 1> FilePile;  // chkFilePile
 
   std::int16_t LogScale = kFalse;   // ckbLogScale
+  std::int16_t NorScale = kFalse;   // ckbNorScale
   std::int16_t AutoScale = kTrue;   // ckbVtAuto
   std::int32_t HeightY = 10000000;  // stored height of itxtScaleY
 

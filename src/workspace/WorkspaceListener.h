@@ -33,6 +33,7 @@ class WorkspaceListener {
   // The view.
   virtual void WindowCleared(int /*WinNo*/) {}
   virtual void RedrawWanted(int /*WinNo*/) {}
+  virtual void WindowStyleChanged() {}  // Expand, PileUp: which window shows which curves and range
   virtual void WindowActivated(int /*WinNo*/) {}
   virtual void UnitAxisChanged() {}
   virtual void CountScaleChanged(int /*WinNo*/) {}

@@ -245,6 +245,7 @@ TEST_F(EngineTest, EveryNoticeReachesTheOutside) {
   inside.PointMarksCleared(0, 1);
   inside.WindowCleared(0);
   inside.RedrawWanted(0);
+  inside.WindowStyleChanged();
   inside.WindowActivated(0);
   inside.UnitAxisChanged();
   inside.CountScaleChanged(0);
@@ -254,7 +255,7 @@ TEST_F(EngineTest, EveryNoticeReachesTheOutside) {
   inside.CaptionChanged();
   inside.PointerChanged();
   inside.DataTypeShown();
-  EXPECT_EQ(listener.notices.size(), 23u);
+  EXPECT_EQ(listener.notices.size(), 24u);
 }
 
 }  // namespace

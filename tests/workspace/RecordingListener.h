@@ -34,6 +34,7 @@ class RecordingListener : public WorkspaceListener {
   void PointMarksCleared(int win, int data) override { Put("no point marks", win, data); }
   void WindowCleared(int win) override { Put("cleared", win); }
   void RedrawWanted(int win) override { Put("redraw", win); }
+  void WindowStyleChanged() override { notices.push_back("style"); }
   void WindowActivated(int win) override { Put("active", win); }
   void UnitAxisChanged() override { notices.push_back("axis"); }
   void CountScaleChanged(int win) override { Put("scale", win); }
