@@ -4,13 +4,18 @@
 #include <cmath>
 
 #include "display/DrawScale.h"
+#include "processing/Units.h"
+#include "support/NumberText.h"
 #include "support/Rounding.h"
 
 namespace dorvane {
 namespace {
 
 constexpr std::int32_t kHighest = 1000000;  // where no height covers the counts
-constexpr int kExpandScanEnd = 4095;        // last channel scanned in Expand mode
+constexpr double kDecadesBelow = 10;        // typed heights below count decades on the log scale
+constexpr double kHighestTyped = 1e9;
+constexpr double kWidestTyped = kMaxChannels;
+constexpr int kExpandScanEnd = 4095;  // last channel scanned in Expand mode
 
 void RangeSet(Program& program, double start, double span) {
   const double max_ch = program.workspace.MaxCh;
@@ -62,6 +67,7 @@ void AutoScaleY(Program& program, int win_no, int data_no) {
 
 void SetYHeight(Program& program, int win_no, std::int32_t height, bool redraw) {
   program.view.HeightY = height;
+  program.view.WidthY = WidthYOf(program);
   for (int window = 0; window < kWindows; ++window) {
     if (program.view.FilePile[window] == kFalse && window != win_no) continue;
     program.Listener().CountScaleChanged(window);
@@ -108,6 +114,45 @@ void mnuShoter(Program& program) {
   StepHeight(program, -1);
 }
 
+int WidthYOf(const Program& program) {
+  const std::int32_t height = program.view.HeightY;
+  return ScaleValue(HeightIndex(height)) < height ? program.view.WidthY
+                                                  : kScaleSteps - HeightIndex(height);
+}
+
+void SetWidthY(Program& program, int value) {
+  const int index = std::clamp(kScaleSteps - value, 0, kScaleSteps - 1);
+  program.view.AutoScale = kFalse;
+  SetYHeight(program, program.view.CurWin, ScaleValue(index), true);
+}
+
+void TypeHeight(Program& program, std::string_view text) {
+  const auto typed = ParseNumber(text);
+  if (!typed || !(*typed > 0)) return;
+  const bool decades = program.view.LogScale != kFalse && *typed < kDecadesBelow;
+  const double height = decades ? std::pow(10.0, std::floor(*typed)) : *typed;
+  if (height > kHighestTyped) return;
+  program.view.AutoScale = kFalse;
+  SetYHeight(program, program.view.CurWin, std::max(RoundToInt32(height), 1), true);
+}
+
+double SpanInUnit(const Program& program) {
+  return ChToWidth(program.view.DispUnit, program.view.SpanCh,
+                   CalibrationOf(program.workspace, program.view.DataNo));
+}
+
+void TypeSpan(Program& program, double span_in_unit) {
+  const double span = WidthToCh(program.view.DispUnit, span_in_unit,
+                                CalibrationOf(program.workspace, program.view.DataNo));
+  if (std::isfinite(span) && span > 0) SetSpanCh(program, std::min(span, kWidestTyped));
+}
+
+void SetNorScale(Program& program, bool normal_scale) {
+  program.view.NorScale = normal_scale ? kTrue : kFalse;
+  if (normal_scale) program.view.AutoScale = kFalse;
+  program.Listener().CountScaleChanged(program.view.CurWin);
+}
+
 void SetLogScale(Program& program, bool log_scale) {
   program.view.LogScale = log_scale ? kTrue : kFalse;
   SetYHeight(program, program.view.CurWin, program.view.HeightY, true);
@@ -115,6 +160,7 @@ void SetLogScale(Program& program, bool log_scale) {
 
 void SetAutoScale(Program& program, bool auto_scale) {
   program.view.AutoScale = auto_scale ? kTrue : kFalse;
+  if (auto_scale) program.view.NorScale = kFalse;
   if (auto_scale) AutoScaleY(program, program.view.CurWin, program.view.DataNo);
   program.Listener().CountScaleChanged(program.view.CurWin);
 }

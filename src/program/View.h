@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "program/Program.h"
 
@@ -34,6 +35,22 @@ void cmdNarrower(Program& program);
 // KEPT: it is the scale that grows taller, so the curves shrink.
 void mnuTaller(Program& program);
 void mnuShoter(Program& program);
+
+// hsbWidthY: 35 less the index of the height among the 35 heights, so that a greater value shows
+// larger curves. A height that no step covers keeps the value that stands there.
+int WidthYOf(const Program& program);
+void SetWidthY(Program& program, int value);
+
+// itxtScaleY: a typed height in counts; below 10 on the logarithmic scale it counts decades. What
+// is no number, or not above 0, is ignored.
+void TypeHeight(Program& program, std::string_view text);
+
+// inumScaleX: the shown span in the unit of the axis, and a typed one.
+double SpanInUnit(const Program& program);
+void TypeSpan(Program& program, double span_in_unit);
+
+// ckbNorScale: the scale of the user's own choice; it and the automatic scale exclude each other.
+void SetNorScale(Program& program, bool normal_scale);
 
 void SetLogScale(Program& program, bool log_scale);
 void SetAutoScale(Program& program, bool auto_scale);

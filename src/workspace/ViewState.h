@@ -56,6 +56,7 @@ struct ViewState {
   std::int16_t LogScale = kFalse;   // ckbLogScale
   std::int16_t NorScale = kFalse;   // ckbNorScale
   std::int16_t AutoScale = kTrue;   // ckbVtAuto
+  int WidthY = 0;                   // value of hsbWidthY
   std::int32_t HeightY = 10000000;  // stored height of itxtScaleY
 
   OperationButtons Buttons;

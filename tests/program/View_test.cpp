@@ -123,6 +123,55 @@ TEST_F(ViewTest, ATallerScaleMakesTheCurvesSmallerAsMeant) {
   EXPECT_EQ(view.HeightY, 300);
 }
 
+TEST_F(ViewTest, TheScrollBarCountsTheHeightsDownwards) {
+  SetYHeight(program, 0, 10, false);
+  EXPECT_EQ(WidthYOf(program), 35);
+  SetYHeight(program, 0, 800000, false);
+  EXPECT_EQ(WidthYOf(program), 1);
+  SetWidthY(program, 34);
+  EXPECT_EQ(view.HeightY, 20);
+  EXPECT_EQ(view.AutoScale, kFalse);
+}
+
+TEST_F(ViewTest, AHeightThatNoStepCoversKeepsTheScrollBar) {
+  Show({900000});
+  SetYHeight(program, 0, 500, false);
+  const int before = WidthYOf(program);
+  AutoScaleY(program, 0, 0);
+  EXPECT_EQ(view.HeightY, 1000000);
+  EXPECT_EQ(WidthYOf(program), before);
+}
+
+TEST_F(ViewTest, ATypedHeightIsTakenAsItStands) {
+  TypeHeight(program, "1234");
+  EXPECT_EQ(view.HeightY, 1234);
+  TypeHeight(program, "abc");
+  TypeHeight(program, "-5");
+  TypeHeight(program, "0");
+  EXPECT_EQ(view.HeightY, 1234);
+}
+
+TEST_F(ViewTest, ATypedHeightBelowTenCountsDecadesOnTheLogScale) {
+  SetLogScale(program, true);
+  TypeHeight(program, "4");
+  EXPECT_EQ(view.HeightY, 10000);
+}
+
+TEST_F(ViewTest, ASpanTypedInTheUnitOfTheAxisBecomesChannels) {
+  workspace.DefaultProp.EGC[1] = 0.05;
+  SetDispUnit(program, 1);
+  TypeSpan(program, 50);  // keV, at 0.05 keV a channel
+  EXPECT_EQ(view.SpanCh, 1000);
+  EXPECT_NEAR(SpanInUnit(program), 50, 1e-9);
+}
+
+TEST_F(ViewTest, AutomaticAndNormalScaleExcludeEachOther) {
+  SetNorScale(program, true);
+  EXPECT_EQ(view.AutoScale, kFalse);
+  SetAutoScale(program, true);
+  EXPECT_EQ(view.NorScale, kFalse);
+}
+
 TEST_F(ViewTest, WiderAndNarrowerKeepTheFirstChannel) {
   SetSpanCh(program, 512);
   SetStartCh(program, 1000);
