@@ -13,6 +13,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "qt/surface/Fonts.h"
 #include "qt/surface/PainterSurface.h"
 #include "support/Fault.h"
 #include "support/NumberText.h"
@@ -97,7 +98,9 @@ void CheckSize(const PictureSize& size) {
 }  // namespace
 
 struct GuiSession::Impl {
-  Impl(int& argc, char** argv) : application(argc, argv) {}
+  Impl(int& argc, char** argv) : application(argc, argv) {
+    QGuiApplication::setFont(ProgramFont(QGuiApplication::font()));
+  }
   QGuiApplication application;
 };
 
