@@ -2,6 +2,8 @@
 // tables that all operations address by number.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -19,6 +21,7 @@ constexpr int kRows = 10;         // GrpNo 0..9
 constexpr int kSpectra = 14;      // DataNo 0..13
 constexpr int kFreeSpectra = 10;  // DataNo 0..9 are handed out
 constexpr int kColors = 41;
+constexpr std::size_t kDisplayDefaultsSize = 3536;
 
 // Values of GraphSlot::State.
 constexpr std::int16_t kRowEmpty = 0;
@@ -72,7 +75,10 @@ struct Workspace {
   MeasProp DefaultProp;  // defaults of new spectra, among them the default calibration
   MeasProp LastProp;     // kept by the property form between spectra
   FitParamSet FitParam;
+  std::array<char, kDisplayDefaultsSize> DisplayDefaults{};  // only carried, as FitParam's tail
+  std::int16_t SkipLastProp = 0;  // other than 0: the parameter file ends before LastProp
   AnalysisSettings Settings;
+  std::int16_t FilterIndex = 1;  // the filter last chosen in the file dialog, from 1
   DacAngles Dac;
   std::int16_t UseFileEgc = 0;  // 0: DefaultProp calibrates, else the spectrum's own MeasProp
   std::int16_t ExpressFit = 1;  // 1: the Express family fits, 0: the Nax family
