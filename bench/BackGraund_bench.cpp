@@ -16,6 +16,7 @@ class NoDialogs : public Dialogs {
   bool AskYesNo(const Question&) override { return false; }
   std::vector<std::string> ChooseFilesToOpen(const FileRequest&) override { return {}; }
   std::optional<std::string> ChooseFileToSave(const FileRequest&) override { return {}; }
+  std::optional<Color> ChooseColor(Color) override { return {}; }
 };
 
 // Peaks of 2000 counts every 150 channels on a falling background, with counting noise.

@@ -32,6 +32,7 @@ class NoDialogs : public Dialogs {
   bool AskYesNo(const Question&) override { return false; }
   std::vector<std::string> ChooseFilesToOpen(const FileRequest&) override { return {}; }
   std::optional<std::string> ChooseFileToSave(const FileRequest&) override { return {}; }
+  std::optional<Color> ChooseColor(Color) override { return {}; }
 };
 
 // Swallows strokes, so that the engine's own share is left.

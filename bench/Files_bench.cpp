@@ -18,6 +18,7 @@ class SilentDialogs : public Dialogs {
   bool AskYesNo(const Question&) override { return true; }
   std::vector<std::string> ChooseFilesToOpen(const FileRequest&) override { return {}; }
   std::optional<std::string> ChooseFileToSave(const FileRequest&) override { return {}; }
+  std::optional<Color> ChooseColor(Color) override { return {}; }
 };
 
 // Counts as a measured spectrum has them, up to four digits.

@@ -8,7 +8,7 @@
 
 namespace dorvane {
 
-// Keeps every message. Questions are answered as told at construction, file choices cancelled.
+// Keeps every message. Questions are answered as told at construction, choices cancelled.
 class CollectingDialogs : public Dialogs {
  public:
   explicit CollectingDialogs(bool says_yes = false) : says_yes_(says_yes) {}
@@ -17,6 +17,7 @@ class CollectingDialogs : public Dialogs {
   bool AskYesNo(const Question&) override { return says_yes_; }
   std::vector<std::string> ChooseFilesToOpen(const FileRequest&) override { return {}; }
   std::optional<std::string> ChooseFileToSave(const FileRequest&) override { return {}; }
+  std::optional<Color> ChooseColor(Color) override { return {}; }
 
   std::vector<std::string> messages;
 

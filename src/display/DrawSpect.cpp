@@ -168,6 +168,10 @@ void DrawSpect::ShowGraph(int view, int graph, std::int16_t shown) {
   Redraw(view);
 }
 
+void DrawSpect::SetGraphColor(int view, int graph, Color color) {
+  if (HasGraph(graph)) Arrays(view).curves[graph].Color = color;
+}
+
 // KEPT: from = to is no stretch, so that an area whose ends have met colours nothing.
 void DrawSpect::SetPointColor(int view, int graph, std::int16_t from, std::int16_t to,
                               Color color) {

@@ -60,6 +60,8 @@ class DrawSpect {
   void SetStartX(int view, std::int16_t start);
   void SetDrawMode(int view, std::int16_t mode);            // redraws
   void ShowGraph(int view, int graph, std::int16_t shown);  // redraws
+  // Another colour for a registered curve, from the next redraw on.
+  void SetGraphColor(int view, int graph, Color color);
   // An own colour for the points from..to (0 for none); nothing where from = to or one of them is
   // negative.
   void SetPointColor(int view, int graph, std::int16_t from, std::int16_t to, Color color);

@@ -20,6 +20,14 @@ std::int16_t LineChannel(const PeakRec& peak) {
   return RoundToInt16(peak.Center);
 }
 
+// Colour of the row that shows a spectrum; the preset one where no row does.
+Color RowColor(const Workspace& workspace, int data_no) {
+  for (const GraphSlot& slot : workspace.Slots) {
+    if (slot.State != kRowEmpty && slot.DataNo == data_no) return slot.Color;
+  }
+  return workspace.ColorTbl[data_no];
+}
+
 }  // namespace
 
 std::int32_t EngineHeight(const ViewState& view) {
@@ -29,18 +37,24 @@ std::int32_t EngineHeight(const ViewState& view) {
 void EngineBinding::SpectrumShown(int WinNo, int DataNo) {
   if (view_.ExpandOn == kFalse) spect_.ClearPoints(1 - ViewOf(WinNo), DataNo);
   spect_.SetSpectrum(ViewOf(WinNo), DataNo, workspace_.Channels[DataNo].Used(),
-                     workspace_.ColorTbl[DataNo]);
-  outside_.SpectrumShown(WinNo, DataNo);
+                     RowColor(workspace_, DataNo));
+  MarkRegions(WinNo, DataNo);
+  ListenerFan::SpectrumShown(WinNo, DataNo);
 }
 
 void EngineBinding::SpectrumRemoved(int WinNo, int DataNo) {
   spect_.ClearPoints(ViewOf(WinNo), DataNo);
-  outside_.SpectrumRemoved(WinNo, DataNo);
+  ListenerFan::SpectrumRemoved(WinNo, DataNo);
 }
 
 void EngineBinding::GraphShown(int WinNo, int DataNo, bool shown) {
   spect_.ShowGraph(ViewOf(WinNo), DataNo, shown ? kTrue : kFalse);
-  outside_.GraphShown(WinNo, DataNo, shown);
+  ListenerFan::GraphShown(WinNo, DataNo, shown);
+}
+
+void EngineBinding::GraphRecolored(int WinNo, int DataNo, Color color) {
+  spect_.SetGraphColor(ViewOf(WinNo), DataNo, color);
+  ListenerFan::GraphRecolored(WinNo, DataNo, color);
 }
 
 void EngineBinding::MarkPeak(int WinNo, int DataNo, const PeakRec& peak) {
@@ -52,7 +66,7 @@ void EngineBinding::MarkPeak(int WinNo, int DataNo, const PeakRec& peak) {
 
 void EngineBinding::PeakMarked(int WinNo, int DataNo, const PeakRec& peak) {
   MarkPeak(WinNo, DataNo, peak);
-  outside_.PeakMarked(WinNo, DataNo, peak);
+  ListenerFan::PeakMarked(WinNo, DataNo, peak);
 }
 
 void EngineBinding::PeakUnmarked(int WinNo, int DataNo, const PeakRec& peak) {
@@ -62,24 +76,43 @@ void EngineBinding::PeakUnmarked(int WinNo, int DataNo, const PeakRec& peak) {
   if (found != channels.end()) {
     spect_.DeletePeakLine(ViewOf(WinNo), ToInt16(found - channels.begin()), kFalse);
   }
-  outside_.PeakUnmarked(WinNo, DataNo, peak);
+  ListenerFan::PeakUnmarked(WinNo, DataNo, peak);
 }
 
 void EngineBinding::PeakLinesCleared(int WinNo) {
   spect_.DeletePeakLine(WinNo, -1, kFalse);
-  outside_.PeakLinesCleared(WinNo);
+  ListenerFan::PeakLinesCleared(WinNo);
 }
 
 void EngineBinding::PointMarksCleared(int WinNo, int DataNo) {
   spect_.SetPointColor(ViewOf(WinNo), DataNo, 0, kMaxChannels, 0);
   spect_.ClearTexts(WinNo);
-  outside_.PointMarksCleared(WinNo, DataNo);
+  ListenerFan::PointMarksCleared(WinNo, DataNo);
+}
+
+void EngineBinding::RoiMarked(int WinNo, int DataNo, int start, int end, Color color) {
+  spect_.SetPointColor(ViewOf(WinNo), DataNo, ToInt16(start), ToInt16(end), color);
+  ListenerFan::RoiMarked(WinNo, DataNo, start, end, color);
+}
+
+void EngineBinding::RoiUnmarked(int WinNo, int DataNo, int start, int end, Color color) {
+  spect_.SetPointColor(ViewOf(WinNo), DataNo, ToInt16(start), ToInt16(end), 0);
+  ListenerFan::RoiUnmarked(WinNo, DataNo, start, end, color);
+}
+
+void EngineBinding::MarkRegions(int WinNo, int DataNo) {
+  const RoiTable& table = workspace_.Regions;
+  for (int i = 0; i < table.RoiCount; ++i) {
+    const RoiRec& roi = table.Rois[i];
+    if (roi.DataNo != DataNo) continue;
+    spect_.SetPointColor(ViewOf(WinNo), DataNo, roi.Start, roi.End, roi.Color);
+  }
 }
 
 void EngineBinding::WindowCleared(int WinNo) {
   spect_.ClearView(WinNo);
   spect_.DeletePeakLine(WinNo, -1, kFalse);
-  outside_.WindowCleared(WinNo);
+  ListenerFan::WindowCleared(WinNo);
 }
 
 void EngineBinding::ApplyScale(int WinNo) {
@@ -90,7 +123,7 @@ void EngineBinding::ApplyScale(int WinNo) {
 
 void EngineBinding::CountScaleChanged(int WinNo) {
   ApplyScale(WinNo);
-  outside_.CountScaleChanged(WinNo);
+  ListenerFan::CountScaleChanged(WinNo);
 }
 
 void EngineBinding::ApplyRange() {
@@ -103,12 +136,13 @@ void EngineBinding::ApplyRange() {
 
 void EngineBinding::RangeChanged() {
   ApplyRange();
-  outside_.RangeChanged();
+  ListenerFan::RangeChanged();
 }
 
 void EngineBinding::Register(const GraphSlot& slot) {
   const int view = ViewOf(slot.WinNo);
   spect_.SetSpectrum(view, slot.DataNo, workspace_.Channels[slot.DataNo].Used(), slot.Color);
+  MarkRegions(slot.WinNo, slot.DataNo);
   if (slot.Disp == kFalse) spect_.ShowGraph(view, slot.DataNo, kFalse);
 }
 
@@ -133,47 +167,7 @@ void EngineBinding::WindowStyleChanged() {
   }
   ApplyRange();
   for (int win_no = 0; win_no < kWindows; ++win_no) ApplyScale(win_no);
-  outside_.WindowStyleChanged();
-}
-
-void EngineBinding::SelectorFilled() {
-  outside_.SelectorFilled();
-}
-void EngineBinding::SelectorRowSelected(int WinNo, int GrpNo) {
-  outside_.SelectorRowSelected(WinNo, GrpNo);
-}
-void EngineBinding::CheckBoxesFilled() {
-  outside_.CheckBoxesFilled();
-}
-void EngineBinding::SelectionListFilled() {
-  outside_.SelectionListFilled();
-}
-void EngineBinding::SelectionRowCleared(int GrpNo) {
-  outside_.SelectionRowCleared(GrpNo);
-}
-void EngineBinding::RedrawWanted(int WinNo) {
-  outside_.RedrawWanted(WinNo);
-}
-void EngineBinding::WindowActivated(int WinNo) {
-  outside_.WindowActivated(WinNo);
-}
-void EngineBinding::UnitAxisChanged() {
-  outside_.UnitAxisChanged();
-}
-void EngineBinding::CursorMoved() {
-  outside_.CursorMoved();
-}
-void EngineBinding::CalibrationShown() {
-  outside_.CalibrationShown();
-}
-void EngineBinding::CaptionChanged() {
-  outside_.CaptionChanged();
-}
-void EngineBinding::PointerChanged() {
-  outside_.PointerChanged();
-}
-void EngineBinding::DataTypeShown() {
-  outside_.DataTypeShown();
+  ListenerFan::WindowStyleChanged();
 }
 
 }  // namespace dorvane

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "display/DrawSpect.h"
+#include "workspace/ListenerFan.h"
 #include "workspace/ViewState.h"
 #include "workspace/Workspace.h"
-#include "workspace/WorkspaceListener.h"
 
 namespace dorvane {
 
@@ -13,42 +13,36 @@ namespace dorvane {
 // whatever the data.
 std::int32_t EngineHeight(const ViewState& view);
 
-class EngineBinding : public WorkspaceListener {
+class EngineBinding : public ListenerFan {
  public:
   // All of them outlive the binding.
   EngineBinding(const Workspace& workspace, const ViewState& view, DrawSpect& spect,
                 WorkspaceListener& outside)
-      : workspace_(workspace), view_(view), spect_(spect), outside_(outside) {}
+      : workspace_(workspace), view_(view), spect_(spect) {
+    Add(outside);
+  }
 
-  void SelectorFilled() override;
-  void SelectorRowSelected(int WinNo, int GrpNo) override;
-  void CheckBoxesFilled() override;
-  void SelectionListFilled() override;
-  void SelectionRowCleared(int GrpNo) override;
   void SpectrumShown(int WinNo, int DataNo) override;
   void SpectrumRemoved(int WinNo, int DataNo) override;
   void GraphShown(int WinNo, int DataNo, bool shown) override;
+  void GraphRecolored(int WinNo, int DataNo, Color color) override;
   void PeakMarked(int WinNo, int DataNo, const PeakRec& peak) override;
   void PeakUnmarked(int WinNo, int DataNo, const PeakRec& peak) override;
   void PeakLinesCleared(int WinNo) override;
   void PointMarksCleared(int WinNo, int DataNo) override;
+  void RoiMarked(int WinNo, int DataNo, int start, int end, Color color) override;
+  void RoiUnmarked(int WinNo, int DataNo, int start, int end, Color color) override;
   void WindowCleared(int WinNo) override;
-  void RedrawWanted(int WinNo) override;
   void WindowStyleChanged() override;
-  void WindowActivated(int WinNo) override;
-  void UnitAxisChanged() override;
   void CountScaleChanged(int WinNo) override;
   void RangeChanged() override;
-  void CursorMoved() override;
-  void CalibrationShown() override;
-  void CaptionChanged() override;
-  void PointerChanged() override;
-  void DataTypeShown() override;
 
  private:
   // Whose arrays of the engine hold the curves of a window: all are in the first in pile-up style.
   int ViewOf(int win_no) const { return view_.PileUpOn != kFalse ? 0 : win_no; }
   void Register(const GraphSlot& slot);
+  // A curve that is set anew shows its regions again.
+  void MarkRegions(int WinNo, int DataNo);
   void MarkPeak(int WinNo, int DataNo, const PeakRec& peak);
   void ApplyScale(int WinNo);
   void ApplyRange();
@@ -56,7 +50,6 @@ class EngineBinding : public WorkspaceListener {
   const Workspace& workspace_;
   const ViewState& view_;
   DrawSpect& spect_;
-  WorkspaceListener& outside_;
 };
 
 }  // namespace dorvane

@@ -1,6 +1,7 @@
 #include "qt/QtDialogs.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -96,6 +97,13 @@ std::optional<std::string> QtDialogs::ChooseFileToSave(const FileRequest& reques
   last_saved_ =
       ToUtf8(WithExtension(dialog.selectedFiles().constFirst(), dialog.selectedNameFilter()));
   return last_saved_;
+}
+
+std::optional<Color> QtDialogs::ChooseColor(Color start) {
+  const ArrowPointer arrow;
+  const QColor chosen = QColorDialog::getColor(ToQColor(start), parent_, "Color");
+  if (!chosen.isValid()) return {};
+  return Rgb(chosen.red(), chosen.green(), chosen.blue());
 }
 
 QStringList NameFilters(std::string_view filter) {

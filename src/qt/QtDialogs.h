@@ -1,4 +1,4 @@
-// Boxes and file dialogs of the desktop.
+// Boxes, file dialogs and colour dialog of the desktop.
 #pragma once
 
 #include <QString>
@@ -26,6 +26,7 @@ class QtDialogs : public Dialogs {
   bool AskYesNo(const Question& question) override;
   std::vector<std::string> ChooseFilesToOpen(const FileRequest& request) override;
   std::optional<std::string> ChooseFileToSave(const FileRequest& request) override;
+  std::optional<Color> ChooseColor(Color start) override;
 
   // Messages and answers of No since the program started.
   int Refusals() const { return refusals_; }

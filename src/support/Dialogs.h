@@ -1,10 +1,13 @@
-// The port through which operations speak to the user: boxes, questions and file choices.
+// The port through which operations speak to the user: boxes, questions, choices of files
+// and colours.
 #pragma once
 
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "support/Surface.h"
 
 namespace dorvane {
 
@@ -39,6 +42,8 @@ class Dialogs {
   virtual std::vector<std::string> ChooseFilesToOpen(const FileRequest& request) = 0;
   // Whole path with its extension; nothing after Cancel.
   virtual std::optional<std::string> ChooseFileToSave(const FileRequest& request) = 0;
+  // The common colour dialog with `start` selected; nothing after Cancel.
+  virtual std::optional<Color> ChooseColor(Color start) = 0;
 };
 
 }  // namespace dorvane

@@ -259,6 +259,19 @@ void ChgValue_chkGrp(const GraphList& list, int win_no, int grp_no, bool value) 
   list.listener.RedrawWanted(win_no);
 }
 
+void ChgStrColor_chkGrp(const GraphList& list, int win_no, int grp_no, Color color) {
+  GraphSlot& slot = list.workspace.Slots[grp_no];
+  if (slot.State == kRowEmpty) return;
+  slot.Color = color;
+  list.listener.GraphRecolored(win_no, slot.DataNo, color);
+  list.listener.CheckBoxesFilled();
+  for (int window = 0; window < kWindows; ++window) list.listener.RedrawWanted(window);
+}
+
+void ChgAllCaption_chkGrp(const GraphList& list) {
+  list.listener.CheckBoxesFilled();
+}
+
 void ChangeActiveWin(const GraphList& list, int win_no) {
   ViewState& view = list.view;
   const bool changed = view.CurWin != win_no;

@@ -76,6 +76,10 @@ std::array<std::string, kRows> ResetSlotNames(const GraphList& list);
 void Add_cboGraphSel(const GraphList& list);
 void Change_cboGrphSel(const GraphList& list, int win_no, int grp_no);
 void ChgValue_chkGrp(const GraphList& list, int win_no, int grp_no, bool value);
+// Recolours a graph of the list: row, curve and check box. An empty row: nothing.
+void ChgStrColor_chkGrp(const GraphList& list, int win_no, int grp_no, Color color);
+// The check boxes take their captions from the list anew.
+void ChgAllCaption_chkGrp(const GraphList& list);
 
 // Makes a window active: current row and spectrum, captions, unit axis. An area cursor of another
 // window is cleared.

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "support/Surface.h"
+
 namespace dorvane {
 
 struct PeakRec;
@@ -23,12 +25,16 @@ class WorkspaceListener {
   virtual void SpectrumShown(int /*WinNo*/, int /*DataNo*/) {}  // SetGraph: counts, colour
   virtual void SpectrumRemoved(int /*WinNo*/, int /*DataNo*/) {}
   virtual void GraphShown(int /*WinNo*/, int /*DataNo*/, bool /*shown*/) {}
+  virtual void GraphRecolored(int /*WinNo*/, int /*DataNo*/, Color) {}
 
   // Marks.
   virtual void PeakMarked(int /*WinNo*/, int /*DataNo*/, const PeakRec&) {}
   virtual void PeakUnmarked(int /*WinNo*/, int /*DataNo*/, const PeakRec&) {}
   virtual void PeakLinesCleared(int /*WinNo*/) {}
   virtual void PointMarksCleared(int /*WinNo*/, int /*DataNo*/) {}  // own colours and text marks
+  virtual void RoiMarked(int /*WinNo*/, int /*DataNo*/, int /*start*/, int /*end*/, Color) {}
+  virtual void RoiUnmarked(int /*WinNo*/, int /*DataNo*/, int /*start*/, int /*end*/, Color) {}
+  virtual void RegionsChanged() {}  // the table of regions, after the change
 
   // The view.
   virtual void WindowCleared(int /*WinNo*/) {}

@@ -254,6 +254,15 @@ TEST_F(DrawSpectTest, ShowGraphStoresAndRedraws) {
   EXPECT_EQ(surface.Lines().size(), 9u);
 }
 
+TEST_F(DrawSpectTest, AnotherColourKeepsTheCurveAndTheOwnColoursOfItsPoints) {
+  Curve(Flat(10));
+  engine->SetPointColor(0, 0, 1, 5, kOwn);
+  engine->SetGraphColor(0, 0, Rgb(9, 8, 7));
+  EXPECT_EQ(engine->CurveOf(0, 0).Color, Rgb(9, 8, 7));
+  EXPECT_EQ(engine->CurveOf(0, 0).PointColors[3], kOwn);
+  EXPECT_EQ(engine->CurveOf(0, 0).Counts[9], 100);
+}
+
 TEST_F(DrawSpectTest, ClearPointsRemovesOneCurveWithItsColours) {
   Curve(Flat(10), 0);
   Curve(Flat(10), 1);

@@ -25,6 +25,7 @@ class YesDialogs : public Dialogs {
   bool AskYesNo(const Question&) override { return true; }
   std::vector<std::string> ChooseFilesToOpen(const FileRequest&) override { return {}; }
   std::optional<std::string> ChooseFileToSave(const FileRequest&) override { return {}; }
+  std::optional<Color> ChooseColor(Color) override { return {}; }
 };
 
 class FilesTest : public testing::Test {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QPushButton>
@@ -90,6 +91,25 @@ TEST(OpenDialog, GivesWholePaths) {
   });
   const auto paths = dialogs.ChooseFilesToOpen(SeveralFiles());
   EXPECT_EQ(paths, std::vector<std::string>{kCorundum});
+}
+
+TEST(ColorDialog, GivesNothingAfterCancel) {
+  QtDialogs dialogs;
+  QTimer::singleShot(50, [] { QApplication::activeModalWidget()->close(); });
+  EXPECT_EQ(dialogs.ChooseColor(Rgb(10, 20, 30)), std::nullopt);
+}
+
+TEST(ColorDialog, StartsWithTheOldColourAndGivesTheChosenOne) {
+  QtDialogs dialogs;
+  QColor start;
+  QTimer::singleShot(50, [&start] {
+    auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+    start = dialog->currentColor();
+    dialog->setCurrentColor(QColor(200, 100, 50));
+    dialog->accept();
+  });
+  EXPECT_EQ(dialogs.ChooseColor(Rgb(10, 20, 30)), Rgb(200, 100, 50));
+  EXPECT_EQ(start, QColor(10, 20, 30));
 }
 
 }  // namespace

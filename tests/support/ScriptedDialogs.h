@@ -35,9 +35,16 @@ class ScriptedDialogs : public Dialogs {
     script_.push_back({.kind = Kind::Save, .text = "save", .path = std::move(answer)});
   }
 
+  void ExpectColor(std::optional<Color> answer) {
+    script_.push_back({.kind = Kind::ColorChoice, .text = "colour", .color = answer});
+  }
+
   bool Done() const { return script_.empty(); }
   const Question& LastQuestion() const { return last_question_; }
   const FileRequest& LastRequest() const { return last_request_; }
+  Color LastColor() const { return last_color_; }
+  // Runs while the next expected colour choice is on the screen.
+  void WhileChoosingColor(std::function<void()> look) { while_choosing_ = std::move(look); }
 
   void Message(std::string_view text) override { EXPECT_EQ(Next(Kind::Message, text).text, text); }
   void CaptionedMessage(std::string_view caption, std::string_view text) override {
@@ -60,8 +67,14 @@ class ScriptedDialogs : public Dialogs {
     return Next(Kind::Save, request.file_name).path;
   }
 
+  std::optional<Color> ChooseColor(Color start) override {
+    last_color_ = start;
+    if (while_choosing_) while_choosing_();
+    return Next(Kind::ColorChoice, "colour").color;
+  }
+
  private:
-  enum class Kind { Message, Question, Open, Save };
+  enum class Kind { Message, Question, Open, Save, ColorChoice };
   struct Step {
     Kind kind = Kind::Message;
     std::string text = {};
@@ -69,6 +82,7 @@ class ScriptedDialogs : public Dialogs {
     bool yes = false;
     std::vector<std::string> paths = {};
     std::optional<std::string> path = {};
+    std::optional<dorvane::Color> color = {};
   };
 
   Step Next(Kind kind, std::string_view shown) {
@@ -84,6 +98,8 @@ class ScriptedDialogs : public Dialogs {
   std::deque<Step> script_;
   Question last_question_;
   FileRequest last_request_;
+  Color last_color_ = 0;
+  std::function<void()> while_choosing_;
 };
 
 }  // namespace dorvane

@@ -420,5 +420,26 @@ TEST_F(GraphListTest, AHiddenGraphStaysInTheList) {
   EXPECT_EQ(workspace->Slots[0].State, kRowSaved);
 }
 
+TEST_F(GraphListTest, ARecolouredGraphTellsItsColourAndItsCheckBox) {
+  Add("a.npd");
+  Add("b.npd", 1);
+  listener.notices.clear();
+  ChgStrColor_chkGrp(list, 1, 1, 0x010203);
+  EXPECT_EQ(workspace->Slots[1].Color, 0x010203);
+  EXPECT_EQ(workspace->ColorTbl[1], 0);
+  EXPECT_THAT(listener.notices, ElementsAre("colour 1 1", "checks", "redraw 0", "redraw 1"));
+}
+
+TEST_F(GraphListTest, AnEmptyRowTakesNoColour) {
+  ChgStrColor_chkGrp(list, 0, 3, 0x010203);
+  EXPECT_EQ(workspace->Slots[3].Color, 0);
+  EXPECT_TRUE(listener.notices.empty());
+}
+
+TEST_F(GraphListTest, NewCaptionsFillTheCheckBoxesAnew) {
+  ChgAllCaption_chkGrp(list);
+  EXPECT_THAT(listener.notices, ElementsAre("checks"));
+}
+
 }  // namespace
 }  // namespace dorvane

@@ -28,10 +28,18 @@ class RecordingListener : public WorkspaceListener {
   void SpectrumShown(int win, int data) override { Put("shown", win, data); }
   void SpectrumRemoved(int win, int data) override { Put("removed", win, data); }
   void GraphShown(int win, int data, bool shown) override { Put(shown ? "on" : "off", win, data); }
+  void GraphRecolored(int win, int data, Color) override { Put("colour", win, data); }
   void PeakMarked(int win, int data, const PeakRec&) override { Put("peak", win, data); }
   void PeakUnmarked(int win, int data, const PeakRec&) override { Put("no peak", win, data); }
   void PeakLinesCleared(int win) override { Put("no peak lines", win); }
   void PointMarksCleared(int win, int data) override { Put("no point marks", win, data); }
+  void RoiMarked(int win, int data, int start, int end, Color) override {
+    PutRange("region", win, data, start, end);
+  }
+  void RoiUnmarked(int win, int data, int start, int end, Color) override {
+    PutRange("no region", win, data, start, end);
+  }
+  void RegionsChanged() override { notices.push_back("regions"); }
   void WindowCleared(int win) override { Put("cleared", win); }
   void RedrawWanted(int win) override { Put("redraw", win); }
   void WindowStyleChanged() override { notices.push_back("style"); }
@@ -52,6 +60,10 @@ class RecordingListener : public WorkspaceListener {
   void Put(const char* name, int number, int second) {
     Put(name, number);
     notices.back() += " " + std::to_string(second);
+  }
+  void PutRange(const char* name, int win, int data, int start, int end) {
+    Put(name, win, data);
+    notices.back() += " " + std::to_string(start) + ".." + std::to_string(end);
   }
 };
 
