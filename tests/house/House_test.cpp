@@ -24,6 +24,20 @@ TEST(House, IncludesPointDownwards) {
   EXPECT_THAT(UpwardIncludes(Sources()), IsEmpty());
 }
 
+TEST(House, EveryNoticeOfTheListenersPassesTheFan) {
+  static constexpr std::string_view notice = "  virtual void ";
+  std::string fan;
+  for (const auto& line : Sources().at("workspace/ListenerFan.h")) fan += line;
+  int notices = 0;
+  for (const auto& line : Sources().at("workspace/WorkspaceListener.h")) {
+    if (!line.starts_with(notice)) continue;
+    const std::string name = line.substr(notice.size(), line.find('(') - notice.size());
+    EXPECT_TRUE(fan.find(" " + name + "(") != std::string::npos) << name;
+    ++notices;
+  }
+  EXPECT_GT(notices, 0);
+}
+
 TEST(House, FilesIncludeEachOtherWithoutACircle) {
   EXPECT_THAT(Circles(FileGraph(Sources())), IsEmpty());
 }
