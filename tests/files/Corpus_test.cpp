@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <random>
 
+#include "files/ParaProperties.h"
 #include "files/ReaderProperties.h"
 
 namespace dorvane {
@@ -92,6 +93,14 @@ TEST(Corpus, NativeReadersHoldOnSeedsAndMutants) {
 
 TEST(Corpus, NpdReaderHoldsOnSeedsAndMutants) {
   ExpectHolds("npd_fuzz", NpdReaderHolds);
+}
+
+TEST(Corpus, ParaReaderHoldsOnSeedsAndMutants) {
+  ExpectHolds("para_fuzz", ParaReaderHolds);
+}
+
+TEST(Corpus, IniReaderHoldsOnSeedsAndMutants) {
+  ExpectHolds("ini_fuzz", IniReaderHolds);
 }
 
 }  // namespace
