@@ -7,6 +7,7 @@
 #include "program/DerivedGraphs.h"
 #include "program/OpenSave.h"
 #include "program/PeakFit.h"
+#include "program/RoiCommands.h"
 #include "program/View.h"
 #include "program/WindowStyle.h"
 
@@ -92,6 +93,12 @@ constexpr std::array kCommands{
     Command{"mnuPeakAllDelete", "", DeletePeaks},
     Command{"JmpLeft", "mnuPeakJumpB", JumpLeft},
     Command{"JmpRight", "mnuPeakJumpN", JumpRight},
+    Command{"mnuRoiStart", "", SetRoiStart},
+    Command{"mnuRoiEnd", "", SetRoiEnd},
+    Command{"RoiAdd", "mnuRoiAdd", AddRoi},
+    Command{"RoiDel", "mnuRoiDelete", DeleteRoi},
+    Command{"RoiJmpLeft", "mnuRoiJumpB", RoiJumpLeft},
+    Command{"RoiJmpRight", "mnuRoiJumpN", RoiJumpRight},
     Command{"AreaCursor", "", ToggleAreaCursor},
     Command{"CursorLeft", "", CursorLeft},
     Command{"CursorRight", "", CursorRight},

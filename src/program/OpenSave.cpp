@@ -153,7 +153,7 @@ std::int16_t ReadGraph(Program& program, int win_no, int grp_no, const std::stri
   const std::int16_t data_no = GetGraphSpace(list, -1);
   if (data_no < 0) return 0;
   BlankSpectrum(workspace, data_no);
-  RoiClear(workspace.Regions);
+  RoiClear(list);
   // KEPT: the new DataNo is taken as a row number here, so the emptied peak table can be another
   // spectrum's.
   workspace.Peaks[workspace.Slots[data_no].DataNo].Count = 0;

@@ -46,6 +46,8 @@ struct ViewState {
   std::int16_t AreaOn = kFalse;  // chkArea
   std::int16_t AreaStart = kNoEnd;
   std::int16_t AreaEnd = kNoEnd;
+  std::int16_t RoiStart = kNoEnd;  // bounds of the next region: mnuRoiStart, mnuRoiEnd
+  std::int16_t RoiEnd = kNoEnd;
 
   std::int16_t WinStyle = kLineUp;
   std::int16_t WinStyleOld = kLineUp;
