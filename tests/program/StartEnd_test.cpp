@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
 
 #include "files/FilePara.h"
+#include "files/FilesFixture.h"
+#include "program/Commands.h"
 #include "program/ProgramFixture.h"
 #include "support/FailingFileLayer.h"
 #include "workspace/Colors.h"
@@ -177,6 +180,29 @@ TEST_F(StartEndTest, EndThatCannotWriteTellsOnceAndEnds) {
                                               folder.Path("no such folder/"));
   dialogs.ExpectMessage(kWriteMessage);
   EXPECT_TRUE(ExitProc(*lost));
+}
+
+// Settings out of every range and a calibration that is none end in boxes, not in a crash.
+TEST_F(StartEndTest, NoCommandCrashesOnAHostileParameterFile) {
+  for (const char fill : {'\x00', '\x01', '\x7F', '\xF0', '\xFF'}) {
+    folder.Put(kParaFileName, std::string(4666, fill));
+    folder.Put(kIniFileName, "-1E300\r\n0\r\n1E-300\r\n-1\r\n-5\r\n");
+    YesDialogs yes;
+    const auto held =
+        std::make_unique<Program>(Ports{yes, files, log, progress, listener}, folder.Path(""));
+    Program& hostile = *held;
+    EXPECT_TRUE(Form_Load(hostile, folder.Path("")));
+    for (const Command& command : Commands()) {
+      hostile.workspace.Channels[0].Count = 1024;
+      for (int i = 0; i < 1024; ++i) hostile.workspace.Channels[0].Counts[i] = i % 100 * 10;
+      hostile.workspace.DataUse[0] = -1;
+      hostile.workspace.GrpCount = 1;
+      SetGraph(hostile.List(), 0, 0, 0, "a.npd");
+      Change_cboGrphSel(hostile.List(), 0, 0);
+      RunCommand(hostile, command.key);
+    }
+    EXPECT_TRUE(ExitProc(hostile));
+  }
 }
 
 class ProgramDirectoryTest : public testing::Test {
