@@ -18,9 +18,7 @@ class EngineBinding : public ListenerFan {
   // All of them outlive the binding.
   EngineBinding(const Workspace& workspace, const ViewState& view, DrawSpect& spect,
                 WorkspaceListener& outside)
-      : workspace_(workspace), view_(view), spect_(spect) {
-    Add(outside);
-  }
+      : ListenerFan(outside), workspace_(workspace), view_(view), spect_(spect) {}
 
   void SpectrumShown(int WinNo, int DataNo) override;
   void SpectrumRemoved(int WinNo, int DataNo) override;

@@ -10,6 +10,11 @@ namespace dorvane {
 // A listener that is added while a notice is on its way hears of the next one on.
 class ListenerFan : public WorkspaceListener {
  public:
+  ListenerFan() = default;
+  explicit ListenerFan(WorkspaceListener& first) { Add(first); }
+  ListenerFan(const ListenerFan&) = delete;
+  ListenerFan& operator=(const ListenerFan&) = delete;
+
   // `listener` outlives the fan's last notice.
   void Add(WorkspaceListener& listener) { listeners_.push_back(&listener); }
 

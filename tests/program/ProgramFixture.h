@@ -10,6 +10,7 @@
 #include "program/Program.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TemporaryFolder.h"
+#include "workspace/ListenerFan.h"
 #include "workspace/RecordingListener.h"
 
 namespace dorvane {
@@ -64,10 +65,11 @@ class ProgramTest : public testing::Test {
   SystemFileLayer files;
   ScriptedDialogs dialogs;
   RecordingListener listener;
+  ListenerFan views{listener};  // what else listens to the program
   RecordingLog log;
   RecordingProgress progress;
   std::unique_ptr<Program> holder =
-      std::make_unique<Program>(Ports{dialogs, files, log, progress, listener}, folder.Path(""));
+      std::make_unique<Program>(Ports{dialogs, files, log, progress, views}, folder.Path(""));
   Program& program = *holder;
   Workspace& workspace = program.workspace;
   ViewState& view = program.view;
