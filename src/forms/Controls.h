@@ -1,8 +1,8 @@
 // The plain kinds of controls: buttons, boxes, lists, sliders and the like.
 //
 // Setting a different value from code fires the change event at once, as a user does; setting an
-// equal one does nothing. A widget hands what the user does to the same calls; a control that is
-// off takes nothing from a user (see FromUser).
+// equal one does nothing. A widget hands what the user does to the same calls; that of a control
+// that is off takes nothing from a user.
 #pragma once
 
 #include <functional>

@@ -1,21 +1,6 @@
 #include "qt/Readouts.h"
 
-#include <QFontDatabase>
-#include <QFontMetricsF>
-
 namespace dorvane {
-
-QFont TabularFont(const QFont& base) {
-  const QFontMetricsF metrics(base);
-  const QString digits = "0123456789";
-  for (const QChar digit : digits) {
-    if (metrics.horizontalAdvance(digit) == metrics.horizontalAdvance('0')) continue;
-    QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    fixed.setPointSizeF(base.pointSizeF());
-    return fixed;
-  }
-  return base;
-}
 
 ValueLabel::ValueLabel(const QString& name, const QString& widest, QWidget* parent)
     : QLabel(parent) {

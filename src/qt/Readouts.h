@@ -6,10 +6,9 @@
 #include <QFrame>
 #include <QLabel>
 
-namespace dorvane {
+#include "qt/binding/TabularFont.h"
 
-// `base` if its digits are of equal width, else the desktop's fixed-pitch font in the same size.
-QFont TabularFont(const QFont& base);
+namespace dorvane {
 
 // A number, right-aligned in a place as wide as `widest`, so that nothing moves when it changes.
 class ValueLabel : public QLabel {

@@ -1,0 +1,84 @@
+#include "qt/binding/FormWindow.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include "qt/binding/Mirror.h"
+#include "qt/binding/Text.h"
+#include "qt/binding/WidgetMaker.h"
+
+namespace dorvane {
+
+FormWindow::FormWindow(Form& form, const Layout& layout, IconOfKey icon)
+    : form_(form), holder_(new QWidget(this)) {
+  setObjectName(ToQString(form.Name()));
+  holder_->hide();
+  setCentralWidget(new QWidget(this));
+  WidgetMaker maker(*this, holder_, std::move(icon));
+  for (Control* control : form.Controls().All()) objects_[control] = maker.Make(*control);
+  layout(*this);
+  Follow();
+  form.Shown.Connect([alive = QPointer<FormWindow>(this)] {
+    if (alive) alive->Follow();
+  });
+}
+
+void FormWindow::Follow() {
+  setWindowTitle(ToQString(form_.Caption()));
+  if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) == form_.TopMost()) return;
+  const bool visible = isVisible();
+  setWindowFlag(Qt::WindowStaysOnTopHint, form_.TopMost());
+  if (visible) show();  // a window whose flags change is hidden
+}
+
+QObject* FormWindow::ObjectOf(const Control& control) const {
+  const auto found = objects_.find(&control);
+  return found == objects_.end() ? nullptr : found->second;
+}
+
+QWidget* FormWindow::Page(const Tabs& tabs, int index) const {
+  return As<QTabWidget>(tabs)->widget(index);
+}
+
+QLabel* FormWindow::CaptionOf(Control& control) {
+  auto* label = new QLabel(this);
+  label->setObjectName(ToQString(control.Name() + "_Caption"));
+  label->setBuddy(Of(control));
+  Mirror(control, label, [&control, label] {
+    label->setText(ToQString(control.Caption()));
+    label->setEnabled(control.Enabled());
+    if (label->isHidden() == control.Visible()) label->setVisible(control.Visible());
+  });
+  return label;
+}
+
+void FormWindow::SetDefaultButton(const Button& button) {
+  default_button_ = &button;
+  if (auto* widget = As<QPushButton>(button)) widget->setDefault(true);
+}
+
+void FormWindow::SetCancelButton(const Button& button) {
+  cancel_button_ = &button;
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  if (form_.Visible()) form_.QueryClose();
+  event->setAccepted(!form_.Visible());
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const Button* button = nullptr;
+  if (enter) button = default_button_;
+  if (event->key() == Qt::Key_Escape) button = cancel_button_;
+  if (button == nullptr || !button->Visible()) {
+    QMainWindow::keyPressEvent(event);
+  } else {
+    As<QPushButton>(*button)->click();
+  }
+}
+
+}  // namespace dorvane

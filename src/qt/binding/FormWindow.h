@@ -1,0 +1,62 @@
+// The window of a form: makes the widget of every control; a view lays them out.
+#pragma once
+
+#include <QLabel>
+#include <QMainWindow>
+#include <functional>
+#include <map>
+
+#include "forms/Controls.h"
+#include "forms/Form.h"
+#include "qt/binding/MenuWidgets.h"
+
+namespace dorvane {
+
+// The title is the form's caption. Closing asks the form (QueryClose) and goes on only when that
+// has hidden it. Enter presses the default button, Escape the cancel button, where the focused
+// widget has no use for the key.
+class FormWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  // Puts the widgets into layouts; knows no rule of the form.
+  using Layout = std::function<void(FormWindow&)>;
+
+  // The form outlives the window. Widgets that the layout leaves out are never seen.
+  FormWindow(Form& form, const Layout& layout, IconOfKey icon = {});
+
+  Form& TheForm() const { return form_; }
+  // The widget, action or timer of a control of this form.
+  QObject* ObjectOf(const Control& control) const;
+  QWidget* Of(const Control& control) const { return As<QWidget>(control); }
+  // The widget as its own type; nullptr when it is another.
+  template <class Widget>
+  Widget* As(const Control& control) const {
+    return qobject_cast<Widget*>(ObjectOf(control));
+  }
+  // The page of a tab, counted from 0.
+  QWidget* Page(const Tabs& tabs, int index) const;
+  // A new label with the caption of a control that has no place for it, enabled and visible as the
+  // control; its mnemonic goes to the control's widget.
+  QLabel* CaptionOf(Control& control);
+  // True for a widget that the layout has left out.
+  bool LeftOut(const QWidget* widget) const { return widget->parentWidget() == holder_; }
+
+  void SetDefaultButton(const Button& button);
+  void SetCancelButton(const Button& button);
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void Follow();
+
+  Form& form_;
+  QWidget* holder_;
+  std::map<const Control*, QObject*> objects_;
+  const Button* default_button_ = nullptr;
+  const Button* cancel_button_ = nullptr;
+};
+
+}  // namespace dorvane

@@ -1,0 +1,141 @@
+#include "qt/binding/GridModel.h"
+
+#include "qt/binding/Text.h"
+#include "support/NumberText.h"
+
+namespace dorvane {
+namespace {
+
+QStringList HeadingsOf(const Grid& grid) {
+  QStringList headings;
+  for (const auto& heading : grid.Headings()) headings << ToQString(heading);
+  return headings;
+}
+
+QStringList TitlesOf(const Grid& grid) {
+  QStringList titles;
+  for (int row = 1; row <= grid.MaxRows(); ++row) titles << ToQString(grid.RowTitle(row));
+  return titles;
+}
+
+QString CellText(const GridCell& cell) {
+  if (!cell.is_check) return ToQString(cell.text);
+  return cell.checked ? "1" : "0";
+}
+
+}  // namespace
+
+GridModel::GridModel(Grid& grid, QObject* parent)
+    : QAbstractTableModel(parent),
+      grid_(grid),
+      rows_(grid.MaxRows()),
+      headings_(HeadingsOf(grid)),
+      titles_(TitlesOf(grid)) {}
+
+const GridCell* GridModel::CellAt(const QModelIndex& index) const {
+  const int row = index.row() + 1;
+  const int column = index.column() + 1;
+  if (row < 1 || row > grid_.MaxRows() || column < 1 || column > grid_.Columns()) return nullptr;
+  return &grid_.Cell(row, column);
+}
+
+bool GridModel::HasRowTitles() const {
+  for (const QString& title : titles_) {
+    if (!title.isEmpty()) return true;
+  }
+  return false;
+}
+
+void GridModel::Follow() {
+  const int rows = grid_.MaxRows();
+  titles_ = TitlesOf(grid_);
+  if (rows > rows_) {
+    beginInsertRows({}, rows_, rows - 1);
+    rows_ = rows;
+    endInsertRows();
+  } else if (rows < rows_) {
+    beginRemoveRows({}, rows, rows_ - 1);
+    rows_ = rows;
+    endRemoveRows();
+  }
+  if (QStringList headings = HeadingsOf(grid_); headings != headings_) {
+    headings_ = std::move(headings);
+    emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+  }
+  if (rows_ == 0) return;
+  emit headerDataChanged(Qt::Vertical, 0, rows_ - 1);
+  emit dataChanged(index(0, 0), index(rows_ - 1, columnCount() - 1));
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : rows_;
+}
+
+int GridModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : grid_.Columns();
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+  const GridCell* cell = CellAt(index);
+  if (cell == nullptr) return {};
+  switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+      return ToQString(cell->text);
+    case Qt::CheckStateRole:
+      return cell->is_check ? QVariant(cell->checked ? Qt::Checked : Qt::Unchecked) : QVariant();
+    case Qt::TextAlignmentRole:
+      return QVariant(Qt::AlignVCenter | (IsNumeric(cell->text) ? Qt::AlignRight : Qt::AlignLeft));
+    default:
+      return {};
+  }
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (role != Qt::DisplayRole) return {};
+  return orientation == Qt::Horizontal ? headings_.value(section) : titles_.value(section);
+}
+
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
+  const GridCell* cell = CellAt(index);
+  if (cell == nullptr) return Qt::NoItemFlags;
+  Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  if (cell->is_check) {
+    flags |= Qt::ItemIsUserCheckable;
+  } else if (grid_.EditableColumn(index.column() + 1)) {
+    flags |= Qt::ItemIsEditable;
+  }
+  return flags;
+}
+
+bool GridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+  if (CellAt(index) == nullptr) return false;
+  const int row = index.row() + 1;
+  const int column = index.column() + 1;
+  if (role == Qt::CheckStateRole) {
+    grid_.CheckCell(row, column, value.toInt() == Qt::Checked);
+  } else if (role == Qt::EditRole) {
+    grid_.EditCell(row, column, ToUtf8(value.toString()));
+  }
+  return role == Qt::CheckStateRole || role == Qt::EditRole;
+}
+
+QString GridText(const Grid& grid, int first_row, int last_row, int first_column, int last_column) {
+  bool titled = false;
+  for (const QString& title : TitlesOf(grid)) titled = titled || !title.isEmpty();
+  QStringList line;
+  if (titled) line << "";
+  line << HeadingsOf(grid).mid(first_column, last_column - first_column + 1);
+  QStringList lines = {line.join('\t')};
+  for (int row = first_row + 1; row <= last_row + 1; ++row) {
+    line.clear();
+    if (titled) line << ToQString(grid.RowTitle(row));
+    for (int column = first_column + 1; column <= last_column + 1; ++column) {
+      line << CellText(grid.Cell(row, column));
+    }
+    lines << line.join('\t');
+  }
+  return lines.join('\n') + '\n';
+}
+
+}  // namespace dorvane

@@ -1,0 +1,41 @@
+// The widget of a grid: a table whose cells are clicked, checked, typed into and copied.
+#pragma once
+
+#include <QTableView>
+
+#include "forms/Grid.h"
+
+namespace dorvane {
+
+class GridModel;
+
+// The arrow keys move the grid's active row; Enter is a click, Ctrl+Enter a double click, the space
+// bar checks, F2 types. Ctrl+C copies the selected rectangle with its headings.
+class GridView : public QTableView {
+  Q_OBJECT
+
+ public:
+  GridView(Grid& grid, QWidget* parent);
+
+  // Each column as wide as its text in the list or its heading, whichever is wider; the widths
+  // stay when cells change. The last column takes the rest of the room.
+  void SetColumnWidths(const QStringList& widest_texts);
+  // Rows that are in sight at the least; columns all.
+  void SetLeastRows(int rows);
+  void Copy() const;
+  void CopyAll() const;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+ private:
+  void Follow();
+  void AddCopyActions();
+
+  Grid& grid_;
+  GridModel* model_;
+  bool following_ = false;
+};
+
+}  // namespace dorvane

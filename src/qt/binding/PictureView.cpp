@@ -1,0 +1,121 @@
+#include "qt/binding/PictureView.h"
+
+#include <QEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QWheelEvent>
+
+#include "qt/binding/Mirror.h"
+
+namespace dorvane {
+namespace {
+
+constexpr int kWheelStep = 120;  // eighths of a degree
+
+// The pointer of a number: 2 cross, 5, 7 and 9 arrows of sizing, 11 and 13 hourglass; else the
+// plain arrow.
+Qt::CursorShape ShapeOf(int pointer) {
+  switch (pointer) {
+    case 2:
+      return Qt::CrossCursor;
+    case 5:
+      return Qt::SizeAllCursor;
+    case 7:
+      return Qt::SizeVerCursor;
+    case 9:
+      return Qt::SizeHorCursor;
+    case 11:
+    case 13:
+      return Qt::WaitCursor;
+    default:
+      return Qt::ArrowCursor;
+  }
+}
+
+MouseButton ButtonOf(Qt::MouseButtons buttons) {
+  if (buttons & Qt::LeftButton) return MouseButton::Left;
+  return buttons & Qt::RightButton ? MouseButton::Right : MouseButton::None;
+}
+
+}  // namespace
+
+PictureView::PictureView(PictureBox& control, QWidget* parent)
+    : QWidget(parent), control_(control) {
+  setMouseTracking(true);
+  setFocusPolicy(Qt::ClickFocus);
+  Mirror(control, this, [this] { setCursor(ShapeOf(control_.Pointer())); });
+  const QPointer<PictureView> alive(this);
+  control.RedrawWanted.Connect([alive] {
+    if (!alive) return;
+    alive->cache_ = {};
+    alive->update();
+  });
+  control.OverlayWanted.Connect([alive] {
+    if (alive) alive->update();
+  });
+}
+
+void PictureView::SetPicture(Paint paint) {
+  picture_ = std::move(paint);
+  cache_ = {};
+  update();
+}
+
+void PictureView::SetOverlay(Paint paint) {
+  overlay_ = std::move(paint);
+  update();
+}
+
+void PictureView::paintEvent(QPaintEvent*) {
+  const double ratio = devicePixelRatioF();
+  const QSize pixels = (QSizeF(size()) * ratio).toSize();
+  if (picture_ && (cache_.isNull() || cache_.size() != pixels)) {
+    cache_ = QPixmap(pixels);
+    cache_.setDevicePixelRatio(ratio);
+    cache_.fill(Qt::transparent);
+    QPainter painter(&cache_);
+    painter.setFont(font());
+    picture_(painter, QRectF(rect()));
+  }
+  QPainter painter(this);
+  if (picture_) painter.drawPixmap(0, 0, cache_);
+  if (overlay_) overlay_(painter, QRectF(rect()));
+}
+
+void PictureView::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) cache_ = {};
+  QWidget::changeEvent(event);
+}
+
+MouseAt PictureView::At(const QSinglePointEvent& event, Qt::MouseButtons buttons) const {
+  const QPointF place = event.position();
+  return {place.x() / std::max(width(), 1), place.y() / std::max(height(), 1), ButtonOf(buttons),
+          event.modifiers().testFlag(Qt::ShiftModifier)};
+}
+
+void PictureView::mousePressEvent(QMouseEvent* event) {
+  control_.MouseDown.Fire(At(*event, event->button()));
+}
+
+void PictureView::mouseMoveEvent(QMouseEvent* event) {
+  control_.MouseMove.Fire(At(*event, event->buttons()));
+}
+
+void PictureView::mouseReleaseEvent(QMouseEvent* event) {
+  control_.MouseUp.Fire(At(*event, event->button()));
+}
+
+void PictureView::mouseDoubleClickEvent(QMouseEvent* event) {
+  control_.DblClick.Fire(At(*event, event->button()));
+}
+
+void PictureView::wheelEvent(QWheelEvent* event) {
+  const QPoint turn = event->angleDelta();
+  wheel_rest_ += turn.y() != 0 ? turn.y() : turn.x();
+  const int steps = wheel_rest_ / kWheelStep;
+  wheel_rest_ -= steps * kWheelStep;
+  if (steps != 0) control_.Wheel.Fire(At(*event, event->buttons()), steps);
+}
+
+}  // namespace dorvane

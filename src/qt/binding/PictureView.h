@@ -1,0 +1,47 @@
+// The widget of a picture: a cached drawing with an overlay, and the mouse in fractions.
+#pragma once
+
+#include <QPixmap>
+#include <QWidget>
+#include <functional>
+
+#include "forms/PictureBox.h"
+
+class QSinglePointEvent;
+
+namespace dorvane {
+
+class PictureView : public QWidget {
+  Q_OBJECT
+
+ public:
+  // Draws into the rectangle, in logical pixels.
+  using Paint = std::function<void(QPainter&, const QRectF&)>;
+
+  PictureView(PictureBox& control, QWidget* parent);
+
+  // Painted once; again after Redraw, or when size, scale or theme have changed.
+  void SetPicture(Paint paint);
+  // Painted over the picture in each frame.
+  void SetOverlay(Paint paint);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  MouseAt At(const QSinglePointEvent& event, Qt::MouseButtons buttons) const;
+
+  PictureBox& control_;
+  Paint picture_;
+  Paint overlay_;
+  QPixmap cache_;       // null: to be painted anew
+  int wheel_rest_ = 0;  // of a step, in eighths of a degree
+};
+
+}  // namespace dorvane
