@@ -30,7 +30,8 @@ class frmLog : public Form, public LogSink {
   Button cmdHide{controls_, "cmdHide", "Hide"};
 
  private:
-  // KEPT: one place more than the ring uses; its size is that of the table of lines.
+  // KEPT: a place more than the ring uses, which wraps before the last one: 200 lines are what the
+  // window shows.
   Fixed<std::string, 0, 200> lines_;
   std::int16_t LogPut_ = 0;    // where the next line goes
   std::int16_t LogTop_ = 0;    // the oldest line

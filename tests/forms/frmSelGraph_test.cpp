@@ -230,11 +230,13 @@ TEST_F(frmSelGraphTest, ATakenCheckHidesTheGraphAndLeavesTheCurrentRow) {
   EXPECT_EQ(view.GraphNo, 1);
 }
 
-TEST_F(frmSelGraphTest, ACheckInTheOtherWindowLeavesTheCurrentRow) {
+TEST_F(frmSelGraphTest, ACheckInTheOtherWindowSelectsNothing) {
   ShowInBoth();
   ChgValue_chkGrp(list, 1, 1, false);
+  Change_cboGrphSel(list, 1, 0);
   form.sprGraphSel.CheckCell(2, 1, true);
   EXPECT_EQ(Row(1).Disp, kTrue);
+  EXPECT_EQ(view.SelectedRow[1], 0);
   EXPECT_EQ(Row(1).WinNo, 1);
   EXPECT_EQ(view.GraphNo, 0);
 }
