@@ -305,6 +305,14 @@ TEST_F(RoiOpe, AJumpFromAPeakGoesOneFurther) {
   EXPECT_EQ(Jump(35, 1), 2);
 }
 
+TEST_F(RoiOpe, AJumpFromAPeakThatTwoRegionsShareGoesToTheOtherOfThem) {
+  AddWithPeak(10, 40, 30);
+  AddWithPeak(20, 50, 30);
+  AddWithPeak(60, 70, 65);
+  EXPECT_EQ(Jump(30, 1), 1);
+  EXPECT_EQ(Jump(30, 0), 0);
+}
+
 TEST_F(RoiOpe, NoJumpLeadsPastTheEnds) {
   AddWithPeak(10, 20, 15);
   AddWithPeak(30, 40, 35);
@@ -325,7 +333,7 @@ TEST_F(RoiOpe, AllRegionsInTheListAreDrawnInTheirWindows) {
   slot.DataNo = kOther;
   Add(10, 20);
   Add(30, 40, kOther);
-  Add(50, 60, 7);  // in no row
+  Add(50, 60, 0);  // in no row that holds a graph
   listener_.notices.clear();
   RoiDrawAll(list_);
   EXPECT_THAT(listener_.notices,

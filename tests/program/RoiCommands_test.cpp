@@ -235,6 +235,15 @@ TEST_F(RoiCommandsTest, AGraphTakesItsRegionsToTheOtherWindow) {
   EXPECT_EQ(ColorAt(0, data_no, 150), 0);
 }
 
+TEST_F(RoiCommandsTest, AGraphThatIsSetAnewHasItsOwnRegionsAlone) {
+  const auto first = ShowPeaks({}, "a.npd");
+  AddBetween(100, 200);
+  const auto second = ShowPeaks({}, "b.npd");
+  SetGraph(list, 0, 0, first, "");
+  EXPECT_EQ(ColorAt(0, first, 150), Row(0).Color);
+  EXPECT_EQ(ColorAt(0, second, 150), 0);
+}
+
 TEST_F(RoiCommandsTest, RegionsOutliveAChangeOfTheWindowStyle) {
   const auto data_no = ShowPeaks({});
   AddBetween(100, 200);
