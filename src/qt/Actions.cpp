@@ -166,6 +166,8 @@ Actions::Actions(Session& session, QMainWindow& window)
     actions_ << action;
   }
   MakeUnitActions();
+  auto* drawing = new QActionGroup(this);
+  for (const char* name : {"mnuLine", "mnuPaint", "mnuDot"}) drawing->addAction(Of(name));
   connect(&session, &Session::Done, this, [this] { Refresh(); });
   connect(&session.notices, &Notices::CaptionsChanged, this, [this] { Refresh(); });
   Refresh();
