@@ -19,7 +19,6 @@
 #include "program/WholeRange.h"
 #include "qt/HelpBoxes.h"
 #include "qt/Keys.h"
-#include "qt/StatusHints.h"
 #include "qt/Text.h"
 #include "workspace/Colors.h"
 
@@ -127,7 +126,7 @@ void MainWindow::Connect() {
   connect(&session_->progress, &StatusProgress::Began, this, [this] { Hint(kHowToStop); });
   connect(&session_->progress, &StatusProgress::Ended, this, &MainWindow::HintAtTheEnd);
   session_->dialogs.OnMessage([this](std::string_view message) {
-    Hint(ToQString(HintFor(message, session_->program.workspace)));
+    Hint(ToQString(HintFor(message, session_->program.workspace, file_use_)));
   });
   connect(strip_, &ReadoutStrip::EntryDone, &windows_[0]->Canvas(),
           qOverload<>(&QWidget::setFocus));
@@ -180,9 +179,15 @@ void MainWindow::TellWhatWasNotRead(const std::vector<std::string>& paths) {
 
 void MainWindow::Save() {
   const int refusals = session_->dialogs.Refusals();
+  file_use_ = FileUse::Write;
   session_->Run("SaveData");
+  file_use_ = FileUse::Read;
   const std::string& path = session_->dialogs.LastSaved();
-  if (path.empty() || session_->dialogs.Refusals() != refusals) return;
+  if (session_->dialogs.Refusals() != refusals) {
+    if (hint_label_->WholeText().isEmpty()) Hint("Not saved");
+    return;
+  }
+  if (path.empty()) return;
   const bool written = CanWrite(SplitPath(path).Ext);
   Hint((written ? "Saved " : "Not saved, there is no writer for ") +
        ToQString(std::filesystem::path(path).filename().string()));

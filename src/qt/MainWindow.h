@@ -13,6 +13,7 @@
 #include "qt/GraphWindow.h"
 #include "qt/ReadoutStrip.h"
 #include "qt/Session.h"
+#include "qt/StatusHints.h"
 
 namespace dorvane {
 
@@ -61,6 +62,7 @@ class MainWindow : public QMainWindow {
   ElidedLabel* file_label_ = nullptr;
   ElidedLabel* hint_label_ = nullptr;
   QLabel* peak_label_ = nullptr;
+  FileUse file_use_ = FileUse::Read;
   bool pointer_is_set_ = false;
   bool lower_placed_ = false;
 };

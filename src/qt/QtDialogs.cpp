@@ -4,8 +4,10 @@
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <QTreeView>
 
 #include "qt/Text.h"
 
@@ -37,6 +39,14 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
   return QMessageBox::NoIcon;
 }
 
+// The list's own widths cut dates and sizes short. A dialog of the desktop has no such list.
+void ShowWholeColumns(const QFileDialog& dialog) {
+  const auto* list = dialog.findChild<QTreeView*>("treeView");
+  if (list == nullptr) return;
+  list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 }  // namespace
 
 void QtDialogs::Show(const QString& caption, std::string_view text) {
@@ -57,6 +67,7 @@ void QtDialogs::CaptionedMessage(std::string_view caption, std::string_view text
 }
 
 bool QtDialogs::AskYesNo(const Question& question) {
+  if (on_message_) on_message_(question.text);
   const ArrowPointer arrow;
   const QString caption = question.caption.empty() ? kProgramName : ToQString(question.caption);
   QMessageBox box(IconOf(question.icon), caption, ToQString(question.text),
@@ -75,6 +86,7 @@ std::vector<std::string> QtDialogs::ChooseFilesToOpen(const FileRequest& request
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(NameFilters(request.filter));
   dialog.resize(kFileDialogSize);
+  ShowWholeColumns(dialog);
   last_opened_.clear();
   if (dialog.exec() != QDialog::Accepted) return {};
   for (const QString& path : dialog.selectedFiles()) last_opened_.push_back(ToUtf8(path));
@@ -90,6 +102,7 @@ std::optional<std::string> QtDialogs::ChooseFileToSave(const FileRequest& reques
   dialog.setOption(QFileDialog::DontConfirmOverwrite);  // the writers ask themselves
   dialog.setNameFilters(NameFilters(request.filter));
   dialog.resize(kFileDialogSize);
+  ShowWholeColumns(dialog);
   dialog.selectFile(ToQString(request.file_name));
   last_saved_.clear();
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};

@@ -14,7 +14,7 @@ class QtDialogs : public Dialogs {
  public:
   // Boxes stand over this window, which outlives the dialogs' last use.
   void SetParent(QWidget* parent) { parent_ = parent; }
-  // Told of every message before its box is shown.
+  // Told of every message and question before its box is shown.
   void OnMessage(std::function<void(std::string_view)> on_message) {
     on_message_ = std::move(on_message);
   }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "files/FileContext.h"
+#include "files/SplitPath.h"
 #include "program/OpenSave.h"
 
 namespace dorvane {
@@ -17,12 +19,15 @@ constexpr HintRow kHints[] = {
     {"ShiftGraph: Data Notting!", "Open a spectrum first: Ctrl+O"},
     {"No Data", "Open a spectrum first: Ctrl+O"},
     {"ShiftGraph: List Over!", "All ten rows are in use: close a graph with Ctrl+W"},
-    {"Open Error", "The file is no spectrum of its format, or it is cut short"},
+    {"Open Error", "The file can't be read, is cut short or is no spectrum of its format"},
     {"intPeakNo=-1", "The peak table is full: a spectrum holds 100 peaks"},
     {"Peaks Cuted", "Peaks whose fit was not accepted have been removed"},
+    {"File No Save.", "Yes drops what has changed, No keeps the data"},
     {"Fit Failed", "Smooth and subtract the background first, then fit again"},
 };
 constexpr std::string_view kNoSpace = "GetGraphSpace: Notting Space!";
+constexpr const char* kNotWritten =
+    "The file can't be written: it needs permission, and room on the disk";
 
 // Numbers that are taken without a row, by files that could not be read or rows that were closed
 // with their data kept.
@@ -38,6 +43,18 @@ std::string FileName(const std::string& path) {
   return std::filesystem::path(path).filename().string();
 }
 
+bool HasReader(const std::string& path) {
+  return CanRead(SplitPath(path).Ext);
+}
+
+std::string KindsOfSpectra() {
+  std::string kinds;
+  for (const std::string& extension : ReadableExtensions()) {
+    kinds += (kinds.empty() ? "." : ", .") + extension;
+  }
+  return "Spectra end in " + kinds + " or in a number";
+}
+
 bool IsOpen(const Workspace& workspace, const std::string& path) {
   return std::any_of(workspace.Slots.begin(), workspace.Slots.end(), [&](const GraphSlot& slot) {
     return slot.State != kRowEmpty && slot.Title == FileName(path);
@@ -46,7 +63,8 @@ bool IsOpen(const Workspace& workspace, const std::string& path) {
 
 }  // namespace
 
-std::string HintFor(std::string_view message, const Workspace& workspace) {
+std::string HintFor(std::string_view message, const Workspace& workspace, FileUse use) {
+  if (use == FileUse::Write && message == kOpenError) return kNotWritten;
   if (message == kNoSpace) {
     const auto lost = LostNumbers(workspace);
     if (lost <= 0) return "All ten numbers are in use: close a graph with Ctrl+W";
@@ -62,11 +80,14 @@ std::string HintFor(std::string_view message, const Workspace& workspace) {
 
 std::string OpenSummary(const Workspace& workspace, const std::vector<std::string>& chosen) {
   std::string unread;
+  bool unknown = false;
   const std::size_t tried = std::min<std::size_t>(chosen.size(), kMostFilesAtOnce);
   for (std::size_t i = 0; i < tried; ++i) {
     if (IsOpen(workspace, chosen[i])) continue;
     unread += (unread.empty() ? "Not read: " : ", ") + FileName(chosen[i]);
+    unknown = unknown || !HasReader(chosen[i]);
   }
+  if (unknown) unread += ". " + KindsOfSpectra();
   if (chosen.size() > tried) {
     unread += (unread.empty() ? "" : ". ") + std::string("Only the first ten files were read");
   }

@@ -9,10 +9,15 @@
 
 namespace dorvane {
 
-// What to do next after a message; empty where its text says enough.
-std::string HintFor(std::string_view message, const Workspace& workspace);
+enum class FileUse { Read, Write };
 
-// How an open of these files went: files that were not read, and those past the tenth.
+// What to do next after a message or a question; empty where its text says enough. `use`: what was
+// being done with a file when it came up.
+std::string HintFor(std::string_view message, const Workspace& workspace,
+                    FileUse use = FileUse::Read);
+
+// How an open of these files went: files that were not read, those of a kind that no reader takes,
+// and those past the tenth.
 std::string OpenSummary(const Workspace& workspace, const std::vector<std::string>& chosen);
 
 // The current spectrum's peaks, "12 peaks, 12 fitted".

@@ -93,7 +93,7 @@ TEST_F(MainWindowTest, UnreadFileIsNamedInTheStatusLine) {
   folder.Put("notes.txt", "no spectrum");
   window.OpenFiles({kCorundum, folder.Path("notes.txt")});
   EXPECT_EQ(Store().Slots[0].State, kRowSaved);
-  EXPECT_EQ(StatusHint(), "Not read: notes.txt");
+  EXPECT_EQ(StatusHint(), "Not read: notes.txt. Spectra end in .npd, .xbm, .xba or in a number");
 }
 
 TEST_F(MainWindowTest, CheckBoxHidesACurve) {

@@ -57,6 +57,15 @@ TEST(YesNoBox, AnswersYesOnYesAlone) {
   EXPECT_FALSE(dialogs.AskYesNo(ClearAll()));
 }
 
+TEST(YesNoBox, QuestionIsToldBeforeItsAnswer) {
+  QtDialogs dialogs;
+  std::string told;
+  dialogs.OnMessage([&](std::string_view text) { told = text; });
+  const BoxAnswerer no(QMessageBox::No);
+  dialogs.AskYesNo(ClearAll());
+  EXPECT_EQ(told, "Clear All Data");
+}
+
 TEST(YesNoBox, NoIsTheDefaultAndTheAnswerOfEscape) {
   QtDialogs dialogs;
   QTimer::singleShot(20, [] {

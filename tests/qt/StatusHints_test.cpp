@@ -22,6 +22,16 @@ TEST_F(StatusHints, UnknownMessageHasNone) {
   EXPECT_EQ(HintFor("Bad Function Type!", *workspace), "");
 }
 
+TEST_F(StatusHints, OpenErrorOfAWriterIsNoFaultOfTheSpectrum) {
+  EXPECT_EQ(HintFor("Open Error", *workspace, FileUse::Write),
+            "The file can't be written: it needs permission, and room on the disk");
+}
+
+TEST_F(StatusHints, QuestionThatReadsTheOtherWayRoundIsExplained) {
+  EXPECT_EQ(HintFor("File No Save.  Grp=2 (Do you Cansel?)", *workspace),
+            "Yes drops what has changed, No keeps the data");
+}
+
 TEST_F(StatusHints, CutPeaksAreExplainedWhateverTheirNumber) {
   EXPECT_EQ(HintFor("3 Peaks Cuted", *workspace),
             "Peaks whose fit was not accepted have been removed");
@@ -48,7 +58,11 @@ TEST_F(StatusHints, OpenOfGoodFilesSaysNothing) {
 TEST_F(StatusHints, OpenNamesTheFilesThatWereNotRead) {
   Show(0, "a.npd");
   EXPECT_EQ(OpenSummary(*workspace, {"/data/a.npd", "/data/b.txt", "/data/c"}),
-            "Not read: b.txt, c");
+            "Not read: b.txt, c. Spectra end in .npd, .xbm, .xba or in a number");
+}
+
+TEST_F(StatusHints, BrokenSpectrumNeedsNoWordOnItsName) {
+  EXPECT_EQ(OpenSummary(*workspace, {"/data/b.npd"}), "Not read: b.npd");
 }
 
 TEST_F(StatusHints, OpenOfMoreThanTenFilesSaysThatTenWereRead) {
