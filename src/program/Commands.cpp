@@ -3,6 +3,7 @@
 #include <array>
 #include <exception>
 
+#include "program/ClearAndReload.h"
 #include "program/Cursor.h"
 #include "program/DerivedGraphs.h"
 #include "program/OpenSave.h"
@@ -79,6 +80,19 @@ void ToggleAutoScale(Program& program) {
   SetAutoScale(program, program.view.AutoScale == kFalse);
 }
 
+void ToggleNorScale(Program& program) {
+  SetNorScale(program, program.view.NorScale == kFalse);
+}
+
+void Help(Program& program) {
+  program.ports.dialogs.Message("Please read 'ReadMe.txt'");
+}
+void Version(Program& program) {
+  program.ports.dialogs.CaptionedMessage("Dorvane Ver 1.2004.01.05",
+                                         "Dorvane\nEnergy-dispersive X-ray diffraction: from a "
+                                         "spectrum to lattice and pressure");
+}
+
 constexpr std::array kCommands{
     Command{"LoadData", "mnuLoad", Open},
     Command{"SaveData", "mnuSave", FileSave},
@@ -91,6 +105,7 @@ constexpr std::array kCommands{
     Command{"All", "mnuPeakAllIns", InsertAllPeaks},
     Command{"MkDel", "mnuPeakDelete", AskAndDeletePeaks},
     Command{"mnuPeakAllDelete", "", DeletePeaks},
+    Command{"DelAll", "", AskAndClear},
     Command{"JmpLeft", "mnuPeakJumpB", JumpLeft},
     Command{"JmpRight", "mnuPeakJumpN", JumpRight},
     Command{"mnuRoiStart", "", SetRoiStart},
@@ -112,6 +127,7 @@ constexpr std::array kCommands{
     Command{"mnuWinType_1", "", PileUpGraphs},
     Command{"mnuLogarithmic", "", ToggleLogScale},
     Command{"mnuAutomatic", "", ToggleAutoScale},
+    Command{"mnuNorScale", "", ToggleNorScale},
     Command{"mnuLine", "", DrawLines},
     Command{"mnuPaint", "", DrawPaint},
     Command{"mnuDot", "", DrawDots},
@@ -120,6 +136,8 @@ constexpr std::array kCommands{
     Command{"mnuGraphBack", "", SelectBackGraund},
     Command{"mnuGraphBackRemoved", "", SelectBackRemv},
     Command{"mnuGraphFit", "", SelectFit},
+    Command{"mnuHelp", "", Help},
+    Command{"mnuVersion", "", Version},
 };
 
 }  // namespace

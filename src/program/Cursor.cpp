@@ -91,4 +91,21 @@ void PeakJump(Program& program, int direction) {
           RoundToInt16(2 * peak.HalfWidth + peak.Center));
 }
 
+double CsrChannel(Program& program) {
+  const PeakTable& table = program.workspace.Peaks[program.view.DataNo];
+  const double cursor = program.view.CursorCh;
+  const PeakRec* nearest = nullptr;
+  for (int i = 0; i < table.Count; ++i) {
+    const PeakRec& peak = table.Peaks[i];
+    if (nearest == nullptr ||
+        std::fabs(peak.Center - cursor) < std::fabs(nearest->Center - cursor)) {
+      nearest = &peak;
+    }
+  }
+  if (nearest == nullptr) return -1;
+  const double center = nearest->Center;
+  ShowCursor(program, Limited(RoundHalfEven(center), program.workspace.MaxCh - 1), center);
+  return center;
+}
+
 }  // namespace dorvane

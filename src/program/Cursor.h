@@ -28,4 +28,9 @@ void ClearArea(Program& program);
 // the area becomes Center +- 2*HalfWidth of the peak under the cursor.
 void PeakJump(Program& program, int direction);
 
+// The cursor jumps to the peak of the current graph whose centre is nearest to it, the left one of
+// two as near. The centre, a channel index with its fraction; -1, and the cursor stays, where the
+// graph has no peak.
+double CsrChannel(Program& program);
+
 }  // namespace dorvane

@@ -59,6 +59,13 @@ void chkWinStyle_Click(Program& program, bool on) {
   ShowStyle(program);
 }
 
+void chkFilePile_Click(Program& program, int win_no, bool on) {
+  if (program.view.ExpandOn != kFalse) return;
+  program.view.FilePile[win_no] = on ? kTrue : kFalse;
+  program.Listener().CursorMoved();
+  SetYHeight(program, win_no, program.view.HeightY, true);
+}
+
 void ToggleExpand(Program& program) {
   ckbExpand_Click(program, program.view.ExpandOn == kFalse);
 }

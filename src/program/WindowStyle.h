@@ -15,6 +15,10 @@ void ckbExpand_Click(Program& program, bool on);
 // stays. Off: line-up.
 void chkWinStyle_Click(Program& program, bool on);
 
+// chkFilePile: whether a window shows cursor and height of its graphs. Nothing in Expand mode,
+// where the style decides.
+void chkFilePile_Click(Program& program, int win_no, bool on);
+
 // "Expand" and mnuWinType(0..1) as commands.
 void ToggleExpand(Program& program);
 void LineUpGraphs(Program& program);

@@ -89,6 +89,9 @@ void ListenerFan::CalibrationShown() {
 void ListenerFan::CaptionChanged() {
   Tell(&WorkspaceListener::CaptionChanged);
 }
+void ListenerFan::ButtonsChanged() {
+  Tell(&WorkspaceListener::ButtonsChanged);
+}
 void ListenerFan::PointerChanged() {
   Tell(&WorkspaceListener::PointerChanged);
 }

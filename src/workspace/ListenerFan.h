@@ -44,6 +44,7 @@ class ListenerFan : public WorkspaceListener {
   void CursorMoved() override;
   void CalibrationShown() override;
   void CaptionChanged() override;
+  void ButtonsChanged() override;
   void PointerChanged() override;
   void DataTypeShown() override;
 

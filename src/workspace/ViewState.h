@@ -62,6 +62,7 @@ struct ViewState {
   std::int32_t HeightY = 10000000;  // stored height of itxtScaleY
 
   OperationButtons Buttons;
+  std::int16_t CalibrationOn = kFalse;  // between EneCalStart and EneCalEnd
   std::int16_t FitMade = kFalse;  // a fit has been done since the last open
   std::int16_t Pointer = kPointerNormal;
   std::string Caption;            // of the main window

@@ -47,6 +47,7 @@ class WorkspaceListener {
   virtual void CursorMoved() {}       // cursor and area cursor
   virtual void CalibrationShown() {}  // SetEGCParam
   virtual void CaptionChanged() {}
+  virtual void ButtonsChanged() {}  // which buttons can be pressed
   virtual void PointerChanged() {}
   virtual void DataTypeShown() {}  // cursor read-outs by DataType
 };

@@ -61,6 +61,7 @@ void TellAll(WorkspaceListener& listener) {
   listener.CursorMoved();
   listener.CalibrationShown();
   listener.CaptionChanged();
+  listener.ButtonsChanged();
   listener.PointerChanged();
   listener.DataTypeShown();
 }

@@ -50,6 +50,7 @@ class RecordingListener : public WorkspaceListener {
   void CursorMoved() override { notices.push_back("cursor"); }
   void CalibrationShown() override { notices.push_back("calibration"); }
   void CaptionChanged() override { notices.push_back("caption"); }
+  void ButtonsChanged() override { notices.push_back("buttons"); }
   void PointerChanged() override { notices.push_back("pointer"); }
   void DataTypeShown() override { notices.push_back("data type"); }
 
