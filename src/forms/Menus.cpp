@@ -59,4 +59,10 @@ void ToolBar::SetButtonPressed(std::string_view key, bool pressed) {
   Set(key, &ToolButton::pressed, pressed);
 }
 
+void ToolBar::SetButtonTip(std::string_view key, std::string tip) {
+  const ToolButton* button = Find(key);
+  if (button == nullptr) return;
+  Store(buttons_[static_cast<std::size_t>(button - buttons_.data())].tip, std::move(tip));
+}
+
 }  // namespace dorvane

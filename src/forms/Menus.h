@@ -48,9 +48,10 @@ class ToolBar : public Control {
   // False for a key without a button.
   bool ButtonEnabled(std::string_view key) const;
   bool ButtonPressed(std::string_view key) const;
-  // Ignored for a key without a button.
+  // All three are ignored for a key without a button.
   void SetButtonEnabled(std::string_view key, bool enabled);
   void SetButtonPressed(std::string_view key, bool pressed);
+  void SetButtonTip(std::string_view key, std::string tip);
   void Press(std::string_view key) { ButtonClick.Fire(key); }
   Event<std::string_view> ButtonClick;
 

@@ -1,0 +1,11 @@
+#include "forms/AttachForms.h"
+
+namespace dorvane {
+
+void AttachForms(frmDorvane& main, frmSelGraph& graphs, frmRoiReport& regions, frmLog& log) {
+  main.Attach("mnuSelGraph", graphs, [&graphs] { graphs.GraphSel_Repl(1); });
+  main.Attach("mnuRoiReport", regions, [&regions] { regions.Open(); });
+  main.Attach("ShowLog", log, [&log] { log.Show(); });
+}
+
+}  // namespace dorvane

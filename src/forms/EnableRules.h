@@ -1,0 +1,17 @@
+// When the buttons and entries of the main form can be used: one row for each rule.
+#pragma once
+
+#include <string_view>
+
+#include "program/Program.h"
+
+namespace dorvane {
+
+// Shown in place of a tooltip by what isn't bound.
+constexpr std::string_view kLaterTip = "Comes with a later version";
+
+// Whether all rules allow a button, by its tool bar and its key, or a menu entry, by "menu" and its
+// name. What no rule names is allowed.
+bool Allowed(const Program& program, std::string_view place, std::string_view name);
+
+}  // namespace dorvane

@@ -1,0 +1,189 @@
+#include "forms/MenuTable.h"
+
+#include <algorithm>
+#include <array>
+
+#include "forms/KeyTable.h"
+
+namespace dorvane {
+namespace {
+
+template <std::int16_t ViewState::*Flag>
+bool IsOn(const Program& program) {
+  return program.view.*Flag != kFalse;
+}
+template <std::int16_t ViewState::*Flag>
+bool IsOff(const Program& program) {
+  return program.view.*Flag == kFalse;
+}
+template <std::int16_t Mode>
+bool DrawsIn(const Program& program) {
+  return program.spect.Scale(0).DrawMode == Mode;
+}
+bool FitsExpress(const Program& program) {
+  return program.workspace.ExpressFit != 0;
+}
+bool FitsNax(const Program& program) {
+  return !FitsExpress(program);
+}
+
+constexpr std::array kMenus{
+    MenuRow{"mnuFile", "&File", "", "", "", "", nullptr},
+    MenuRow{"mnuLoad", "&Open...", "mnuFile", "Ctrl+O", "LoadData", "Open spectra", nullptr},
+    MenuRow{"mnuSave", "&Save...", "mnuFile", "Ctrl+S", "SaveData", "Save the current graph",
+            nullptr},
+    MenuRow{"mnuCloseGraph", "Close Graph()", "mnuFile", "Ctrl+W", "", "Close the current graph",
+            nullptr},
+    MenuRow{"mnuCloseWin_0", "Close Window1", "mnuFile", "", "", kNoActionTip, nullptr},
+    MenuRow{"mnuCloseWin_1", "Close Window2", "mnuFile", "", "", kNoActionTip, nullptr},
+    MenuRow{"mnuDelAll", "Clear &All and Reload...", "mnuFile", "", "DelAll",
+            "Clear all data and read the first file again", nullptr},
+    MenuRow{"mnuProperty", "P&roperty...", "mnuFile", "", "Property", "", nullptr},
+    MenuRow{"mnuPrint", "&Print...", "mnuFile", "Ctrl+P", "Printer", "Print the current graph",
+            nullptr},
+    MenuRow{"mnuEditCrystalFile", "&Edit Crystal File...", "mnuFile", "", "",
+            "Crystal library in the text editor", nullptr},
+    MenuRow{"mnuExit", "E&xit", "mnuFile", "Ctrl+Q", "Exit", "", nullptr},
+
+    MenuRow{"mnuGraph", "&Graph", "", "", "", "", nullptr},
+    MenuRow{"mnuGraphRaw", "&Raw Graph", "mnuGraph", "Ctrl+1", "", "Select the raw graph", nullptr},
+    MenuRow{"mnuGraphSmt", "&Smoothing Graph", "mnuGraph", "Ctrl+2", "",
+            "Select the smoothed graph", nullptr},
+    MenuRow{"mnuGraphBack", "&Back Ground Graph", "mnuGraph", "Ctrl+3", "", "Select the background",
+            nullptr},
+    MenuRow{"mnuGraphBackRemoved", "Back Ground Re&moved Graph", "mnuGraph", "Ctrl+4", "",
+            "Select the graph without background", nullptr},
+    MenuRow{"mnuGraphFit", "&Fit Graph", "mnuGraph", "Ctrl+5", "", "Select the fitted curve",
+            nullptr},
+
+    MenuRow{"mnuCalc", "&Calculation", "", "", "", "", nullptr},
+    MenuRow{"mnuSmooth", "&Smooth", "mnuCalc", "F5", "Smooth", "Smooth the current graph", nullptr},
+    MenuRow{"mnuBackGround", "&Background", "mnuCalc", "F6", "BackGround",
+            "Background, and the graph without it", nullptr},
+    MenuRow{"mnuCalcSpect", "Graph &Arithmetic...", "mnuCalc", "", "CalcSpect", "", nullptr},
+    MenuRow{"mnuCons", "&Calibration...", "mnuCalc", "", "Calib", "Energy calibration", nullptr},
+    MenuRow{"mnuSetCons", "S&ettings...", "mnuCalc", "", "CalSet", "", nullptr},
+    MenuRow{"mnuDispPara", "&Display Parameters...", "mnuCalc", "", "", "", nullptr},
+    MenuRow{"mnuColor", "C&olours...", "mnuCalc", "", "", "", nullptr},
+    MenuRow{"mnuPeakColor", "&Peak Colours...", "mnuCalc", "", "", "", nullptr},
+
+    MenuRow{"mnuPeak", "&Peak", "", "", "", "", nullptr},
+    MenuRow{"mnuPeakAllIns", "Insert &All Peaks", "mnuPeak", "F7", "All",
+            "Peak search: insert all peaks of the spectrum", nullptr},
+    MenuRow{"mnuPeakIns", "&Insert Peak", "mnuPeak", "Ins", "MkIns",
+            "Insert the peaks of the area, or the one at the cursor", nullptr},
+    MenuRow{"mnuInputFitParameter", "&Type a Peak...", "mnuPeak", "", "", "", nullptr},
+    MenuRow{"mnuAutoFit", "Auto F&it", "mnuPeak", "", "AutoFit", "", nullptr},
+    MenuRow{"mnuFittingAll", "Fit A&ll", "mnuPeak", "F8", "AllFit",
+            "Fit the peaks of the whole range", nullptr},
+    MenuRow{"mnuFitting", "&Fit", "mnuPeak", "Ctrl+F", "Fit",
+            "Fit the peaks of the area, or the one at the cursor", nullptr},
+    MenuRow{"mnuPeakSep", "&Split", "mnuPeak", "", "Split", "", nullptr},
+    MenuRow{"mnuManFit", "&Manual Fit...", "mnuPeak", "", "ManFit", "", nullptr},
+    MenuRow{"mnuExpressFit", "ExpressFitting", "mnuPeak", "", "", "", FitsExpress},
+    MenuRow{"mnuNaxFit", "NaxFitting", "mnuPeak", "", "NaxAllFit", "", FitsNax},
+    MenuRow{"mnuNaxManualFit", "Nax Man&ual Fit...", "mnuPeak", "", "NaxManualFit", "", nullptr},
+    MenuRow{"mnuPeakDelete", "&Delete Peaks...", "mnuPeak", "Del", "MkDel",
+            "Delete the peaks of the area, or the one at the cursor", nullptr},
+    MenuRow{"mnuPeakAllDelete", "Delete without as&king", "mnuPeak", "Shift+Del", "", "", nullptr},
+    MenuRow{"mnuPeakJumpB", "&Previous Peak", "mnuPeak", "Alt+Left", "JmpLeft", "", nullptr},
+    MenuRow{"mnuPeakJumpN", "&Next Peak", "mnuPeak", "Alt+Right", "JmpRight", "", nullptr},
+    MenuRow{"mnuAreaCursor", "A&rea Cursor", "mnuPeak", "Ctrl+R", "AreaCursor",
+            "Area cursor: drag over the graph to mark a range", IsOn<&ViewState::AreaOn>},
+    MenuRow{"mnuPeakReport", "Rep&ort...", "mnuPeak", "", "Report", "", nullptr},
+    MenuRow{"mnuLattice", "&hkl, Lattice and Pressure...", "mnuPeak", "", "hkl", "", nullptr},
+
+    MenuRow{"mnuRoi", "&Regions", "", "", "", "", nullptr},
+    MenuRow{"mnuRoiAdd", "&Add Region", "mnuRoi", "Ctrl+Ins", "RoiAdd",
+            "Add a region from the area cursor, or between start and end", nullptr},
+    MenuRow{"mnuRoiDelete", "&Delete Region", "mnuRoi", "Ctrl+Del", "RoiDel",
+            "Delete the region at the cursor", nullptr},
+    MenuRow{"mnuRoiStart", "&Start at Cursor", "mnuRoi", "Ctrl+[", "", "Start of a region",
+            nullptr},
+    MenuRow{"mnuRoiEnd", "&End at Cursor", "mnuRoi", "Ctrl+]", "", "End of a region", nullptr},
+    MenuRow{"mnuRoiJumpB", "&Previous Region", "mnuRoi", "Ctrl+Left", "RoiJmpLeft", "", nullptr},
+    MenuRow{"mnuRoiJumpN", "&Next Region", "mnuRoi", "Ctrl+Right", "RoiJmpRight", "", nullptr},
+
+    MenuRow{"mnuView", "&View", "", "", "", "", nullptr},
+    MenuRow{"mnuLogarithmic", "&Log Scale", "mnuView", "Ctrl+L", "", "Logarithmic count axis",
+            IsOn<&ViewState::LogScale>},
+    MenuRow{"mnuAutomatic", "&Auto Scale", "mnuView", "Ctrl+H", "", "The height follows the curve",
+            IsOn<&ViewState::AutoScale>},
+    MenuRow{"mnuNorScale", "N&ormal Scale", "mnuView", "", "", "The height stays as it is chosen",
+            IsOn<&ViewState::NorScale>},
+    MenuRow{"mnuTaller", "&Taller Scale", "mnuView", "", "", "Taller scale, smaller curves (Up)",
+            nullptr},
+    MenuRow{"mnuShoter", "&Shorter Scale", "mnuView", "", "", "Shorter scale, larger curves (Down)",
+            nullptr},
+    MenuRow{"mnuWider", "&Wider", "mnuView", "", "", "Half of the range (key pad +)", nullptr},
+    MenuRow{"mnuNarrower", "&Narrower", "mnuView", "", "", "Twice the range (key pad -)", nullptr},
+    MenuRow{"mnuWhole", "W&hole Spectrum", "mnuView", "Home", "", "Show the whole spectrum",
+            nullptr},
+    MenuRow{"mnuLine", "L&ine", "mnuView", "", "", "Draw lines", DrawsIn<kDrawLine>},
+    MenuRow{"mnuPaint", "&Paint", "mnuView", "", "", "Draw filled curves", DrawsIn<kDrawPaint>},
+    MenuRow{"mnuDot", "&Dot", "mnuView", "", "", "Draw dots", DrawsIn<kDrawDot>},
+
+    MenuRow{"mnuWindow", "&Window", "", "", "", "", nullptr},
+    MenuRow{"mnuExpandOn", "&Expand On", "mnuWindow", "F9", "Expand",
+            "The lower window shows a part of the upper one", IsOn<&ViewState::ExpandOn>},
+    MenuRow{"mnuExpandOff", "Expand O&ff", "mnuWindow", "Shift+F9", "Expand",
+            "The lower window shows its own curves", IsOff<&ViewState::ExpandOn>},
+    MenuRow{"mnuWinType_0", "Line Up Graaph", "mnuWindow", "", "", "", IsOff<&ViewState::PileUpOn>},
+    MenuRow{"mnuWinType_1", "Pile Up Graph", "mnuWindow", "", "", "", IsOn<&ViewState::PileUpOn>},
+    MenuRow{"mnuSelGraph", "&Graph Select...", "mnuWindow", "", "", "", nullptr},
+    MenuRow{"mnuRoiReport", "&ROI Report...", "mnuWindow", "", "", "", nullptr},
+    MenuRow{"mnuLogText", "&Log...", "mnuWindow", "", "ShowLog", "Messages of the program",
+            nullptr},
+    MenuRow{"mnuAtom", "&Atom...", "mnuWindow", "", "Atom", "", nullptr},
+
+    MenuRow{"mnuInfo", "&Help", "", "", "", "", nullptr},
+    MenuRow{"mnuHelp", "&Help", "mnuInfo", "F1", "", "", nullptr},
+    MenuRow{"mnuKeys", "&Keys...", "mnuInfo", "Shift+F1", "", "List of all keys", nullptr},
+    MenuRow{"mnuVersion", "Dorvane Ver 1.2004.01.05", "mnuInfo", "", "", "", nullptr},
+};
+
+std::string PlainCaption(std::string_view caption) {
+  std::string plain;
+  for (const char c : caption) {
+    if (c != '&' && c != '.') plain += c;
+  }
+  return plain;
+}
+
+std::string TextOf(const MenuRow& row) {
+  return row.tip.empty() ? PlainCaption(row.caption) : std::string(row.tip);
+}
+
+}  // namespace
+
+std::span<const MenuRow> MenuTable() {
+  return kMenus;
+}
+
+const MenuRow* EntryOf(std::string_view command) {
+  const auto found = std::find_if(kMenus.begin(), kMenus.end(), [command](const MenuRow& row) {
+    return !row.parent.empty() && CommandOf(row) == command;
+  });
+  return found == kMenus.end() ? nullptr : &*found;
+}
+
+std::string TipOf(const MenuRow& row) {
+  const std::string text = TextOf(row);
+  return row.key.empty() ? text : text + " (" + std::string(row.key) + ")";
+}
+
+std::string ListOfKeys() {
+  std::string list;
+  const auto put = [&list](std::string_view key, std::string_view what) {
+    list += std::string(key) + ": " + std::string(what) + "\r\n";
+  };
+  for (const KeyRow& row : KeyTable()) put(row.shown, row.what);
+  for (const MenuRow& row : kMenus) {
+    const auto same = [&row](const KeyRow& key) { return key.shown == row.key; };
+    if (row.key.empty() || std::any_of(KeyTable().begin(), KeyTable().end(), same)) continue;
+    put(row.key, TextOf(row));
+  }
+  return list;
+}
+
+}  // namespace dorvane

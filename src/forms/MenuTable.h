@@ -1,0 +1,36 @@
+// The menus of the main form: one row for each entry.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "program/Program.h"
+
+namespace dorvane {
+
+// Tip of an entry that stands there without an action.
+constexpr std::string_view kNoActionTip = "Has no action";
+
+struct MenuRow {
+  std::string_view name;
+  std::string_view caption;
+  std::string_view parent;   // empty: a menu of the menu bar
+  std::string_view key;      // key sequence; empty for none
+  std::string_view command;  // key of the command; empty: the entry's own name
+  std::string_view tip;
+  bool (*checked)(const Program&);  // nullptr: no check mark
+};
+
+std::span<const MenuRow> MenuTable();
+inline std::string_view CommandOf(const MenuRow& row) {
+  return row.command.empty() ? row.name : row.command;
+}
+// The first entry of a command; nullptr where no menu has it.
+const MenuRow* EntryOf(std::string_view command);
+// The tip, or the caption where there is none, with the key behind it.
+std::string TipOf(const MenuRow& row);
+// All keys with what they do, a line each.
+std::string ListOfKeys();
+
+}  // namespace dorvane

@@ -1,0 +1,44 @@
+#include "forms/StylePanel.h"
+
+#include "program/WindowStyle.h"
+
+namespace dorvane {
+
+StylePanel::StylePanel(PanelWork& work)
+    : work_(work),
+      ckbExpand(work.controls, "ckbExpand", "Expand"),
+      chkWinStyle(work.controls, "chkWinStyle", "PileUp"),
+      chkFilePile(work.controls, "chkFilePile", kWindows, "Pile"),
+      fraWinHeight(work.controls, "fraWinHeight") {
+  ckbExpand.SetTip("The lower window shows a part of the upper one");
+  chkWinStyle.SetTip("All graphs in the upper window");
+  fraWinHeight.SetTip("Heights of the windows");
+  ckbExpand.Click.Connect([this] {
+    work_.Do([this](Program& program) { ckbExpand_Click(program, ckbExpand.Checked()); });
+  });
+  chkWinStyle.Click.Connect([this] {
+    work_.Do([this](Program& program) { chkWinStyle_Click(program, chkWinStyle.Checked()); });
+  });
+  for (int win_no = 0; win_no < kWindows; ++win_no) {
+    chkFilePile[win_no].SetTip("Cursor and height follow in window " + std::to_string(win_no + 1));
+    chkFilePile[win_no].Click.Connect([this, win_no] {
+      work_.Do([this, win_no](Program& program) {
+        chkFilePile_Click(program, win_no, chkFilePile[win_no].Checked());
+      });
+    });
+  }
+}
+
+void StylePanel::Refresh() {
+  const ViewState& view = work_.program.view;
+  work_.Fill([&] {
+    ckbExpand.SetChecked(view.ExpandOn != kFalse);
+    chkWinStyle.SetChecked(view.PileUpOn != kFalse);
+    for (int win_no = 0; win_no < kWindows; ++win_no) {
+      chkFilePile[win_no].SetChecked(view.FilePile[win_no] != kFalse);
+      chkFilePile[win_no].SetEnabled(view.ExpandOn == kFalse);
+    }
+  });
+}
+
+}  // namespace dorvane

@@ -1,0 +1,138 @@
+#include "forms/frmDorvane.h"
+
+#include "forms/MenuTable.h"
+#include "program/EditCrystalFile.h"
+#include "program/OpenSave.h"
+#include "program/StartEnd.h"
+#include "program/WholeRange.h"
+
+namespace dorvane {
+
+frmDorvane::frmDorvane(Program& program, FormHost& host, Launcher& launcher)
+    : Form(host, "frmDorvane", program.view.Caption),
+      work_(program, controls_),
+      commands(work_),
+      selector(work_),
+      cursor(work_),
+      scale(work_),
+      style(work_),
+      calibration(work_),
+      graphs(work_),
+      tool_bars(work_, commands),
+      menus(work_, commands),
+      program_(program) {
+  BindOwnCommands(launcher);
+  work_.Done.Connect([this] { Refresh(); });
+  Refresh();
+}
+
+void frmDorvane::BindOwnCommands(Launcher& launcher) {
+  commands.Bind("Exit", [this] { Exit(); });
+  commands.Bind("mnuEditCrystalFile", [this, &launcher] { EditCrystalFile(program_, launcher); });
+  commands.Bind("mnuWhole", [this] { ShowOpenSpectra(program_); });
+  commands.Bind("mnuKeys",
+                [this] { program_.ports.dialogs.CaptionedMessage("Keys", ListOfKeys()); });
+}
+
+void frmDorvane::Form_Load(const std::string& start_directory) {
+  work_.Do([&start_directory](Program& program) {
+    dorvane::Form_Load(program, start_directory);
+    ChangeActiveWin(program.List(), 0);
+  });
+}
+
+void frmDorvane::Attach(std::string_view command, Form& form, std::function<void()> open) {
+  attached_.push_back(&form);
+  commands.Bind(command, std::move(open));
+}
+
+bool frmDorvane::Form_KeyDown(FormKey key, KeyModifier modifier, Control* focused) {
+  const KeyRow* row = FindKey(key, modifier);
+  if (row == nullptr || UsesKeyItself(focused, key, modifier)) return false;
+  work_.Do(row->run);
+  return true;
+}
+
+void frmDorvane::Drop(const std::vector<std::string>& paths) {
+  if (paths.empty()) return;
+  work_.Do([&paths](Program& program) { LoadData(program, paths); });
+}
+
+void frmDorvane::QueryClose() {
+  commands.Run("Exit");
+}
+
+void frmDorvane::Exit() {
+  if (!ExitProc(program_)) return;
+  for (Form* form : attached_) form->Hide();
+  Ended.Fire();
+}
+
+void frmDorvane::Refresh() {
+  RefreshList();
+  scale.Refresh();
+  style.Refresh();
+  calibration.Refresh();
+  tool_bars.Refresh();
+  menus.Refresh();
+  SetCaption(program_.view.Caption);
+}
+
+void frmDorvane::RefreshList() {
+  selector.Refresh();
+  cursor.Refresh();
+}
+
+void frmDorvane::RedrawGraphs() {
+  for (int win_no = 0; win_no < kWindows; ++win_no) graphs.RedrawGraph(win_no);
+}
+
+// The largest channel number may have grown.
+void frmDorvane::SpectrumShown(int, int) {
+  scale.Refresh();
+  RedrawGraphs();
+}
+
+void frmDorvane::WindowStyleChanged() {
+  style.Refresh();
+  menus.Refresh();
+  tool_bars.Refresh();
+  cursor.Refresh();
+  RedrawGraphs();
+  graphs.RedrawAxes();
+}
+
+void frmDorvane::WindowActivated(int) {
+  RefreshList();
+  calibration.Refresh();
+  graphs.RedrawOverlays();
+}
+
+void frmDorvane::UnitAxisChanged() {
+  scale.Refresh();
+  graphs.RedrawAxes();
+}
+
+void frmDorvane::CountScaleChanged(int) {
+  scale.Refresh();
+  menus.Refresh();
+  graphs.RedrawAxes();
+}
+
+void frmDorvane::RangeChanged() {
+  scale.Refresh();
+  RedrawGraphs();
+}
+
+void frmDorvane::CursorMoved() {
+  cursor.Refresh();
+  tool_bars.Refresh();
+  graphs.RedrawOverlays();
+}
+
+void frmDorvane::CaptionChanged() {
+  menus.Refresh();
+  SetCaption(program_.view.Caption);
+}
+
+}  // namespace dorvane
