@@ -37,6 +37,7 @@ GraphPanel::GraphPanel(PanelWork& work)
       picSubScale(work.controls, "picSubScale", kWindows),
       timCursor(work.controls, "timCursor", kScrollEveryMs) {
   for (int win_no = 0; win_no < kWindows; ++win_no) {
+    picGraph[win_no].SetPointer(kPointerCursor);
     ConnectGraph(win_no);
     ConnectAxes(win_no);
   }

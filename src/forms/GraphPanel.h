@@ -13,10 +13,10 @@
 
 namespace dorvane {
 
-// Pointers of a graph.
-constexpr int kPointerCursor = 0;  // sets the cursor
-constexpr int picWidthIcon = 1;    // near an edge of the area
-constexpr int picFingerIco = 2;    // on the range mark
+// Pointers of a graph, by their numbers in the system.
+constexpr int kPointerCursor = 2;  // a cross: sets the cursor
+constexpr int picWidthIcon = 9;    // near an edge of the area
+constexpr int picFingerIco = 5;    // on the range mark
 
 class GraphPanel {
  public:

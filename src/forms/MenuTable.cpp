@@ -150,10 +150,6 @@ std::string PlainCaption(std::string_view caption) {
   return plain;
 }
 
-std::string TextOf(const MenuRow& row) {
-  return row.tip.empty() ? PlainCaption(row.caption) : std::string(row.tip);
-}
-
 }  // namespace
 
 std::span<const MenuRow> MenuTable() {
@@ -168,8 +164,11 @@ const MenuRow* EntryOf(std::string_view command) {
 }
 
 std::string TipOf(const MenuRow& row) {
-  const std::string text = TextOf(row);
-  return row.key.empty() ? text : text + " (" + std::string(row.key) + ")";
+  return row.tip.empty() ? PlainCaption(row.caption) : std::string(row.tip);
+}
+
+std::string TipWithKey(const MenuRow& row) {
+  return row.key.empty() ? TipOf(row) : TipOf(row) + " (" + std::string(row.key) + ")";
 }
 
 std::string ListOfKeys() {
@@ -181,7 +180,7 @@ std::string ListOfKeys() {
   for (const MenuRow& row : kMenus) {
     const auto same = [&row](const KeyRow& key) { return key.shown == row.key; };
     if (row.key.empty() || std::any_of(KeyTable().begin(), KeyTable().end(), same)) continue;
-    put(row.key, TextOf(row));
+    put(row.key, TipOf(row));
   }
   return list;
 }

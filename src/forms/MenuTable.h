@@ -28,8 +28,9 @@ inline std::string_view CommandOf(const MenuRow& row) {
 }
 // The first entry of a command; nullptr where no menu has it.
 const MenuRow* EntryOf(std::string_view command);
-// The tip, or the caption where there is none, with the key behind it.
+// The tip, or the caption where there is none; and the same with the key behind it.
 std::string TipOf(const MenuRow& row);
+std::string TipWithKey(const MenuRow& row);
 // All keys with what they do, a line each.
 std::string ListOfKeys();
 

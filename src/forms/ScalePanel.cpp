@@ -7,6 +7,7 @@
 namespace dorvane {
 namespace {
 
+constexpr int kScrollStep = 10;  // channels
 constexpr std::int32_t kStartHeight = 10000000;
 
 // The label of the height. The height at start shows as the logarithmic axis does.
@@ -92,6 +93,8 @@ void ScalePanel::Refresh() {
   const ViewState& view = program.view;
   work_.Fill([&] {
     hsbStartX.SetRange(0, program.workspace.MaxCh);
+    const int span = static_cast<int>(view.SpanCh);
+    if (hsbStartX.LargeChange() != span) hsbStartX.SetSteps(kScrollStep, span);
     hsbStartX.SetValue(static_cast<int>(view.StartCh));
     imnSpanCh.SetValue(view.SpanCh);
     inumScaleX.SetPicture(view.DispUnit == kUnitCh ? "####0" : "0.000");

@@ -70,7 +70,7 @@ std::vector<ToolButton> ButtonsOf(std::string_view bar) {
 
 std::string TipOfButton(const ButtonRow& row) {
   const MenuRow* entry = EntryOf(row.key);
-  return entry == nullptr ? std::string(row.caption) : TipOf(*entry);
+  return entry == nullptr ? std::string(row.caption) : TipWithKey(*entry);
 }
 
 }  // namespace
@@ -86,6 +86,14 @@ ToolBarsPanel::ToolBarsPanel(PanelWork& work, FormCommands& commands)
       tlbrRoi(work.controls, "tlbrRoi", ButtonsOf("tlbrRoi")),
       tlbrDisplay(work.controls, "tlbrDisplay", ButtonsOf("tlbrDisplay")),
       tlbrNax(work.controls, "tlbrNax", ButtonsOf("tlbrNax")) {
+  tlbrFile.SetCaption("File");
+  tlbrEnergy.SetCaption("Energy");
+  tlbrCalc.SetCaption("Calculation");
+  tlbrOperation.SetCaption("Operation");
+  tlbrRoiPeak.SetCaption("Peak");
+  tlbrRoi.SetCaption("Regions");
+  tlbrDisplay.SetCaption("Display");
+  tlbrNax.SetCaption("Nax");
   for (ToolBar* bar : All()) {
     bar->ButtonClick.Connect([this, bar](std::string_view key) { ButtonClick(*bar, key); });
   }

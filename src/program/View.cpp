@@ -173,6 +173,7 @@ void SetDispUnit(Program& program, std::int16_t unit) {
 
 void FollowCursor(Program& program) {
   const ViewState& view = program.view;
+  if (view.ExpandOn != kFalse) return;
   const double last = view.StartCh + view.SpanCh - 1;
   const double step = std::max(RoundHalfEven(view.SpanCh / 10), 1.0);
   if (view.CursorCh < view.StartCh) SetStartCh(program, view.CursorCh - step);

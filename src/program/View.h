@@ -55,7 +55,8 @@ void SetNorScale(Program& program, bool normal_scale);
 void SetLogScale(Program& program, bool log_scale);
 void SetAutoScale(Program& program, bool auto_scale);
 void SetDispUnit(Program& program, std::int16_t unit);
-// Scrolls so that the cursor is inside the shown range.
+// Scrolls so that the cursor is inside the shown range. Nothing in Expand mode, where the first
+// window shows all channels.
 void FollowCursor(Program& program);
 
 // 0: DefaultProp calibrates the display, 1: the spectrum's own calibration (optEGC).

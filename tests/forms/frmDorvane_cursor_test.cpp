@@ -133,6 +133,14 @@ TEST_F(CursorPanelTest, TheViewFollowsACursorThatLeavesItToEitherSide) {
   EXPECT_EQ(form.scale.hsbStartX.Value(), static_cast<int>(view.StartCh));
 }
 
+TEST_F(CursorPanelTest, TheRangeOfAnExpansionDoesNotFollowTheCursor) {
+  form.scale.imnSpanCh.Type("100");
+  form.style.ckbExpand.SetChecked(true);
+  TypeCursor("150");
+  EXPECT_EQ(view.StartCh, 0);
+  EXPECT_EQ(view.CursorCh, 150);
+}
+
 TEST_F(CursorPanelTest, AreaCursorAndItsButtonGoTogether) {
   cursor.chkArea.SetChecked(true);
   EXPECT_EQ(view.AreaOn, kTrue);

@@ -199,13 +199,25 @@ TEST_F(ScalePanelTest, TallerAndShorterEntriesStepTheScrollBar) {
 }
 
 TEST_F(ScalePanelTest, ARefreshRunsNoHandler) {
-  TypeHeight("1500");
-  const auto before = view.AutoScale;
+  ShowSpectrum();
+  view.StartCh = 50;
+  view.SpanCh = 100;
+  view.HeightY = 500;
+  view.WidthY = 24;
+  view.LogScale = kTrue;
+  view.CursorCh = 7;
+  view.AreaOn = kTrue;
+  view.ExpandOn = kTrue;
   listener.notices.clear();
   form.UnitAxisChanged();
-  form.CountScaleChanged(0);
+  form.CursorMoved();
+  form.WindowStyleChanged();
+  EXPECT_EQ(scale.imnSpanCh.Value(), 100);
+  EXPECT_EQ(scale.hsbWidthY.Value(), 24);
+  EXPECT_TRUE(form.style.ckbExpand.Checked());
+  EXPECT_TRUE(form.cursor.chkArea.Checked());
   EXPECT_TRUE(listener.notices.empty());
-  EXPECT_EQ(view.AutoScale, before);
+  EXPECT_EQ(view.AutoScale, kTrue);
 }
 
 // The calibration.
