@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QTabWidget>
@@ -64,6 +65,13 @@ void FormWindow::SetCancelButton(const Button& button) {
   cancel_button_ = &button;
 }
 
+void FormWindow::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  if (first_focus_ == nullptr || event->spontaneous()) return;
+  first_focus_->setFocus();
+  if (auto* edit = qobject_cast<QLineEdit*>(first_focus_)) edit->selectAll();
+}
+
 void FormWindow::closeEvent(QCloseEvent* event) {
   if (form_.Visible()) form_.QueryClose();
   event->setAccepted(!form_.Visible());
@@ -71,13 +79,18 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool escape = event->key() == Qt::Key_Escape;
   const Button* button = nullptr;
   if (enter) button = default_button_;
-  if (event->key() == Qt::Key_Escape) button = cancel_button_;
-  if (button == nullptr || !button->Visible()) {
+  if (escape) button = cancel_button_;
+  if (button == nullptr) {
     QMainWindow::keyPressEvent(event);
-  } else {
+  } else if (!isVisible()) {
+    return;  // the focused widget has used the key to hide the form
+  } else if (button->Visible()) {
     As<QPushButton>(*button)->click();
+  } else if (escape) {
+    close();
   }
 }
 

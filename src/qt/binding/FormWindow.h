@@ -13,8 +13,8 @@
 namespace dorvane {
 
 // The title is the form's caption. Closing asks the form (QueryClose) and goes on only when that
-// has hidden it. Enter presses the default button, Escape the cancel button, where the focused
-// widget has no use for the key.
+// has hidden it. Where the focused widget has no use for the key, Enter presses the default button,
+// and Escape the cancel button; while that is hidden, Escape closes.
 class FormWindow : public QMainWindow {
   Q_OBJECT
 
@@ -42,10 +42,13 @@ class FormWindow : public QMainWindow {
   // True for a widget that the layout has left out.
   bool LeftOut(const QWidget* widget) const { return widget->parentWidget() == holder_; }
 
+  // Has the focus, its text selected, each time the window comes up.
+  void SetFirstFocus(const Control& control) { first_focus_ = Of(control); }
   void SetDefaultButton(const Button& button);
   void SetCancelButton(const Button& button);
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
@@ -55,6 +58,7 @@ class FormWindow : public QMainWindow {
   Form& form_;
   QWidget* holder_;
   std::map<const Control*, QObject*> objects_;
+  QWidget* first_focus_ = nullptr;
   const Button* default_button_ = nullptr;
   const Button* cancel_button_ = nullptr;
 };

@@ -84,8 +84,10 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return ToQString(cell->text);
     case Qt::CheckStateRole:
       return cell->is_check ? QVariant(cell->checked ? Qt::Checked : Qt::Unchecked) : QVariant();
-    case Qt::TextAlignmentRole:
-      return QVariant(Qt::AlignVCenter | (IsNumeric(cell->text) ? Qt::AlignRight : Qt::AlignLeft));
+    case Qt::TextAlignmentRole: {
+      const bool number = IsNumeric(cell->text) && !text_columns_.contains(index.column());
+      return QVariant(Qt::AlignVCenter | (number ? Qt::AlignRight : Qt::AlignLeft));
+    }
     default:
       return {};
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QSet>
 #include <QStringList>
 
 #include "forms/Grid.h"
@@ -17,6 +18,8 @@ class GridModel : public QAbstractTableModel {
   // nullptr outside of the grid.
   const GridCell* CellAt(const QModelIndex& index) const;
   bool HasRowTitles() const;
+  // Texts of the column, from 0, stand at the left even where they look like numbers.
+  void SetTextColumn(int column) { text_columns_.insert(column); }
   // The grid has changed: tells the views what is to be shown anew.
   void Follow();
 
@@ -32,6 +35,7 @@ class GridModel : public QAbstractTableModel {
   int rows_;  // that the views know of
   QStringList headings_;
   QStringList titles_;
+  QSet<int> text_columns_;
 };
 
 // The rows and columns, both from 0, as lines of texts with tabs between them: headings first, row

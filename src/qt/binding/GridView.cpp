@@ -64,6 +64,10 @@ void GridView::SetColumnWidths(const QStringList& widest_texts) {
   }
 }
 
+void GridView::SetTextColumn(int column) {
+  model_->SetTextColumn(column - 1);
+}
+
 void GridView::SetLeastRows(int rows) {
   const int row_height = verticalHeader()->defaultSectionSize();
   const int bar = verticalScrollBar()->sizeHint().width();

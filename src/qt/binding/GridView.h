@@ -20,6 +20,8 @@ class GridView : public QTableView {
   // Each column as wide as its text in the list or its heading, whichever is wider; the widths
   // stay when cells change. The last column takes the rest of the room.
   void SetColumnWidths(const QStringList& widest_texts);
+  // The column, from 1, has texts at the left even where they look like numbers.
+  void SetTextColumn(int column);
   // Rows that are in sight at the least; columns all.
   void SetLeastRows(int rows);
   void Copy() const;

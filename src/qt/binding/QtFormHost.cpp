@@ -13,6 +13,7 @@ FormWindow* QtFormHost::WindowOf(Form& form) {
 void QtFormHost::Show(Form& form) {
   FormWindow* window = WindowOf(form);
   if (window == nullptr) return;
+  if (QWidget* active = QApplication::activeWindow(); active != window) below_[&form] = active;
   window->show();
   window->raise();
   window->activateWindow();
@@ -21,12 +22,12 @@ void QtFormHost::Show(Form& form) {
 void QtFormHost::ShowModal(Form& form) {
   const QPointer<FormWindow> window = WindowOf(form);
   if (!window || !form.Visible()) return;
-  const QWidget* below = QApplication::activeWindow();
+  const QWidget* active = QApplication::activeWindow();
   window->hide();
   window->setWindowModality(Qt::ApplicationModal);
   window->winId();
-  if (below != nullptr && below != window) {
-    window->windowHandle()->setTransientParent(below->windowHandle());
+  if (active != nullptr && active != window) {
+    window->windowHandle()->setTransientParent(active->windowHandle());
   }
   QEventLoop loop;
   loops_.push_back({&form, &loop});
@@ -34,15 +35,22 @@ void QtFormHost::ShowModal(Form& form) {
   loop.exec();
   loops_.pop_back();
   if (!window) return;
-  window->hide();
+  HideWindow(form, *window);
   window->setWindowModality(Qt::NonModal);
 }
 
 void QtFormHost::Hide(Form& form) {
-  if (FormWindow* window = WindowOf(form)) window->hide();
+  if (FormWindow* window = WindowOf(form)) HideWindow(form, *window);
   for (const ModalLoop& each : loops_) {
     if (each.form == &form) each.loop->quit();
   }
+}
+
+void QtFormHost::HideWindow(const Form& form, FormWindow& window) {
+  const bool was_active = window.isActiveWindow();
+  window.hide();
+  const QPointer<QWidget> below = below_[&form];
+  if (was_active && below && below->isVisible()) below->activateWindow();
 }
 
 FormViews::FormViews(QtFormHost& host, IconOfKey icon) : host_(host), icon_(std::move(icon)) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QEventLoop>
+#include <QPointer>
 #include <functional>
 #include <map>
 #include <memory>
@@ -14,7 +15,8 @@ namespace dorvane {
 
 class FormViews;
 
-// Made before the forms. A form without a view isn't shown, and a modal one is over at once.
+// Made before the forms. When a form is hidden, the window that was active before it is so again.
+// A form without a view isn't shown, and a modal one is over at once.
 class QtFormHost : public FormHost {
  public:
   // Shows the window and raises it.
@@ -30,8 +32,10 @@ class QtFormHost : public FormHost {
     QEventLoop* loop;
   };
   FormWindow* WindowOf(Form& form);
+  void HideWindow(const Form& form, FormWindow& window);
 
   FormViews* views_ = nullptr;
+  std::map<const Form*, QPointer<QWidget>> below_;  // active when the form came up
   std::vector<ModalLoop> loops_;
 };
 

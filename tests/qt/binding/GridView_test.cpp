@@ -61,6 +61,11 @@ TEST_F(GridViewTest, NumbersStandAtTheRight) {
   EXPECT_TRUE(Index(2, 3).data(Qt::TextAlignmentRole).toInt() & Qt::AlignLeft);
 }
 
+TEST_F(GridViewTest, NumbersOfATextColumnStandAtTheLeft) {
+  view->SetTextColumn(4);
+  EXPECT_TRUE(Index(1, 4).data(Qt::TextAlignmentRole).toInt() & Qt::AlignLeft);
+}
+
 TEST_F(GridViewTest, ClickTellsRowAndColumnFromOne) {
   Record(form.grdPeaks.Click);
   Click(2, 3);

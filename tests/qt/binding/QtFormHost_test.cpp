@@ -56,9 +56,22 @@ TEST_F(FormWindowTest, EscapePressesTheCancelButton) {
   const auto presses = Count(form.cmdCan.Click);
   QTest::keyClick(Of(form.txtName), Qt::Key_Escape);
   EXPECT_EQ(*presses, 1);
+}
+
+TEST_F(FormWindowTest, EscapeClosesWhileTheCancelButtonIsHidden) {
+  const auto presses = Count(form.cmdCan.Click);
   form.cmdCan.SetVisible(false);
   QTest::keyClick(Of(form.txtName), Qt::Key_Escape);
-  EXPECT_EQ(*presses, 1);
+  EXPECT_EQ(*presses, 0);
+  EXPECT_FALSE(form.Visible());
+}
+
+TEST_F(FormWindowTest, EnterThatHidTheFormPressesNoButton) {
+  const auto presses = Count(form.cmdOk.Click);
+  form.txtName.EnterPressed.Connect([this] { form.Hide(); });
+  Of(form.txtName)->setFocus();
+  QTest::keyClick(Of(form.txtName), Qt::Key_Return);
+  EXPECT_EQ(*presses, 0);
 }
 
 TEST_F(FormWindowTest, ModalFormRunsUntilItIsHidden) {
@@ -73,6 +86,16 @@ TEST_F(FormWindowTest, ModalFormRunsUntilItIsHidden) {
   modal.ShowModal();
   EXPECT_TRUE(was_modal);
   EXPECT_FALSE(views.WindowOf(modal)->isVisible());
+}
+
+TEST_F(FormWindowTest, WindowBelowIsActiveAgainWhenAFormIsHidden) {
+  TestForm other(host);
+  views.Add(other, [&other](FormWindow& window) { LayOut(other, window); });
+  other.Show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(views.WindowOf(other)));
+  EXPECT_FALSE(Window().isActiveWindow());
+  other.Hide();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Window().isActiveWindow(); }, 1000));
 }
 
 TEST_F(FormWindowTest, ModalFormEndsByItsFrame) {
