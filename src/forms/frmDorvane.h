@@ -53,6 +53,8 @@ class frmDorvane : public Form, public WorkspaceListener {
   void PeakUnmarked(int, int, const PeakRec&) override { RedrawGraphs(); }
   void PeakLinesCleared(int) override { RedrawGraphs(); }
   void PointMarksCleared(int, int) override { RedrawGraphs(); }
+  void RoiMarked(int, int, int, int, Color) override { RedrawGraphs(); }
+  void RoiUnmarked(int, int, int, int, Color) override { RedrawGraphs(); }
   void WindowCleared(int) override { RedrawGraphs(); }
   void RedrawWanted(int WinNo) override { graphs.RedrawGraph(WinNo); }
   void WindowStyleChanged() override;

@@ -178,6 +178,29 @@ TEST_F(MainCommandsTest, ThePeakAtTheCursorIsDeletedOnYes) {
   EXPECT_EQ(workspace.Peaks[view.DataNo].Count, 0);
 }
 
+TEST_F(MainCommandsTest, RegionsAreAddedAndDeletedByTheirButtons) {
+  ShowSpectrum();
+  bars.tlbrOperation.Press("AreaCursor");
+  SetArea(program, 100, 200);
+  bars.tlbrRoi.Press("RoiAdd");
+  EXPECT_EQ(workspace.Regions.RoiCount, 1);
+  TypeCursor("150");
+  Menu("mnuRoiDelete").Choose();
+  EXPECT_EQ(workspace.Regions.RoiCount, 0);
+}
+
+TEST_F(MainCommandsTest, RegionBoundsAreSetAtTheCursor) {
+  ShowSpectrum();
+  TypeCursor("300");
+  Menu("mnuRoiStart").Choose();
+  TypeCursor("400");
+  Menu("mnuRoiEnd").Choose();
+  Menu("mnuRoiAdd").Choose();
+  ASSERT_EQ(workspace.Regions.RoiCount, 1);
+  EXPECT_EQ(workspace.Regions.Rois[0].Start, 300);
+  EXPECT_EQ(workspace.Regions.Rois[0].End, 400);
+}
+
 TEST_F(MainCommandsTest, AButtonThatIsOffDoesNothing) {
   ShowSpectrum();
   AddPeak(100);
