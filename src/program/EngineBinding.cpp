@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "display/DrawScale.h"
+#include "program/WholeRange.h"
 #include "support/Rounding.h"
 #include "workspace/Colors.h"
 #include "workspace/GraphList.h"
@@ -128,7 +129,7 @@ void EngineBinding::CountScaleChanged(int WinNo) {
 
 void EngineBinding::ApplyRange() {
   const bool expanded = view_.ExpandOn != kFalse;
-  spect_.SetWidthX(0, expanded ? workspace_.MaxCh : RoundToInt16(view_.SpanCh));
+  spect_.SetWidthX(0, RoundToInt16(expanded ? LongestSpectrum(workspace_) : view_.SpanCh));
   spect_.SetStartX(0, expanded ? kFirstChannel : RoundToInt16(view_.StartCh));
   spect_.SetWidthX(1, RoundToInt16(view_.SpanCh));
   spect_.SetStartX(1, RoundToInt16(view_.StartCh));

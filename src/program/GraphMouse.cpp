@@ -52,7 +52,6 @@ GraphDrag BeginDrag(Program& program, int win_no, double channel, double reach) 
   } else if (view.AreaOn != kFalse) {
     drag.target = MouseTarget::AreaEdge;
     drag.anchor = at;
-    SetArea(program, at, at);
   }
   return drag;
 }

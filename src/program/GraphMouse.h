@@ -20,8 +20,8 @@ struct GraphDrag {
 };
 
 // The button goes down: the window becomes active and the cursor jumps to the channel. With the
-// area cursor on, an edge within reach is taken; where there is none a new area begins. In Expand
-// mode the range mark in window 0 is taken.
+// area cursor on, an edge within reach is taken; where there is none a drag marks a new area, and a
+// click alone keeps the old one. In Expand mode the range mark in window 0 is taken.
 GraphDrag BeginDrag(Program& program, int win_no, double channel, double reach);
 
 // The pointer is at a channel, which may lie outside of the window.

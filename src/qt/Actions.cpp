@@ -38,6 +38,13 @@ bool AutoScaleOn(const Program& program) {
 bool AreaOn(const Program& program) {
   return program.view.AreaOn != kFalse;
 }
+bool Expanded(const Program& program) {
+  return program.view.ExpandOn != kFalse;
+}
+template <bool PileUp>
+bool HasStyle(const Program& program) {
+  return (program.view.PileUpOn != kFalse) == PileUp;
+}
 template <std::int16_t Mode>
 bool DrawsIn(const Program& program) {
   return program.spect.Scale(0).DrawMode == Mode;
@@ -82,6 +89,15 @@ constexpr ActionRow kActions[] = {
     {"mnuPeakJumpN", "&Next Peak", "jump-right", "Alt+Right", ""},
     {"chkArea", "A&rea Cursor", "area", "Ctrl+R",
      "Area cursor: drag over the graph to mark a range", Does::Window, AreaOn},
+
+    {"RoiAdd", "&Add Region", "", "Ctrl+Shift+A",
+     "Add a region: the area cursor, or the range between its start and end"},
+    {"RoiDel", "&Delete Region", "", "Ctrl+Shift+D", "Delete the region at the cursor"},
+    {"mnuRoiStart", "Region &Start", "", "Ctrl+[", "The region to add starts at the cursor"},
+    {"mnuRoiEnd", "Region &End", "", "Ctrl+]", "The region to add ends at the cursor"},
+    {"RoiJmpLeft", "&Previous Region", "", "Ctrl+Alt+Left", ""},
+    {"RoiJmpRight", "&Next Region", "", "Ctrl+Alt+Right", ""},
+
     {"mnuPeakReport", "Rep&ort...", "report", "", "", Does::Later},
     {"mnuLattice", "&hkl, Lattice and Pressure...", "lattice", "", "", Does::Later},
 
@@ -98,7 +114,16 @@ constexpr ActionRow kActions[] = {
     {"mnuPaint", "&Paint", "", "", "", Does::Command, DrawsIn<1>},
     {"mnuDot", "&Dot", "", "", "", Does::Command, DrawsIn<2>},
     {"mnuLowerWindow", "Lower Wi&ndow", "", "F9", "", Does::Window, Open},
-    {"mnuLogText", "Lo&g...", "log", "", "", Does::Later},
+    {"Expand", "&Expand", "", "F10", "The lower window shows a part of the upper one",
+     Does::Command, Expanded},
+    {"mnuWinType_0", "Line &Up Graaph", "", "", "Each graph in its own window", Does::Command,
+     HasStyle<false>},
+    {"mnuWinType_1", "&Pile Up Graph", "", "", "All graphs in the upper window", Does::Command,
+     HasStyle<true>},
+    {"mnuSelGraph", "&Graph Select", "", "Ctrl+Shift+G", "The list of graphs as a table",
+     Does::Window},
+    {"mnuRoiReport", "&Regions", "", "Ctrl+Shift+R", "The table of regions", Does::Window},
+    {"mnuLogText", "&Log", "log", "Ctrl+Shift+L", "What the fits have told", Does::Window},
 
     {"mnuHelp", "&Help", "help", "F1", "", Does::Window},
     {"mnuKeys", "&Keys...", "", "Shift+F1", "", Does::Window},
@@ -120,7 +145,10 @@ constexpr BarRow kMenus[] = {
      "mnuPeakJumpB mnuPeakJumpN chkArea - mnuPeakReport mnuLattice"},
     {"&View",
      "mnuLogarithmic mnuAutomatic - mnuTaller mnuShoter - mnuWider mnuNarrower mnuWhole - * - "
-     "mnuLine mnuPaint mnuDot - mnuLowerWindow mnuLogText"},
+     "mnuLine mnuPaint mnuDot"},
+    {"Reg&ions", "RoiAdd RoiDel - mnuRoiStart mnuRoiEnd - RoiJmpLeft RoiJmpRight"},
+    {"&Window",
+     "mnuLowerWindow Expand - mnuWinType_0 mnuWinType_1 - mnuSelGraph mnuRoiReport mnuLogText"},
     {"&Help", "mnuHelp mnuKeys - mnuVersion"},
 };
 

@@ -73,12 +73,13 @@ UnitAxisPanel::UnitAxisPanel(Session& session, int win_no, QWidget* parent)
 void UnitAxisPanel::paintEvent(QPaintEvent*) {
   const Program& program = session_.program;
   const ViewState& view = program.view;
+  const ViewScale& scale = program.spect.Scale(win_no_);
   const Color ink = program.workspace.ColorTbl[kColorAxis];
   const int row = std::max<int>(view.SelectedRow[win_no_], 0);
   QPainter painter(this);
   PainterSurface surface(painter, rect());
   DrawUnitAxis(surface, program.workspace, program.workspace.Slots[row].DataNo, view.DispUnit,
-               DivisionsFor(width()), view.SpanCh, view.StartCh, ink);
+               DivisionsFor(width()), scale.WidthX, scale.StartX, ink);
   surface.SetScale(0, 0, 1, 1);
   surface.Box({0, 0}, {1, 0}, ink, 1);
 }

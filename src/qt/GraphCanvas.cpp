@@ -11,6 +11,7 @@
 #include "program/View.h"
 #include "qt/Text.h"
 #include "qt/surface/PainterSurface.h"
+#include "support/Rounding.h"
 #include "workspace/Colors.h"
 
 namespace dorvane {
@@ -20,12 +21,7 @@ constexpr double kEdgeReach = 5;      // pixels from an edge of the area at whic
 constexpr double kWheelZoom = 0.8;    // of the span, for one notch
 constexpr double kNotch = 120;        // units of a wheel's angle
 constexpr int kScrollEveryMs = 50;    // while a drag holds the pointer outside
-constexpr double kScrollStep = 10;    // channels
 constexpr double kScrollShare = 0.1;  // of the span, for one notch
-
-void MoveCursorTo(Program& program, int channel) {
-  spnCursor_SpinUpDown(program, std::to_string(channel));
-}
 
 }  // namespace
 
@@ -47,10 +43,14 @@ void GraphCanvas::Invalidate() {
   update();
 }
 
+// An expansion shows the graphs of the first window, and so does the first window of a pile.
 bool GraphCanvas::HasOwnGraph() const {
-  return std::any_of(
-      session_.program.workspace.Slots.begin(), session_.program.workspace.Slots.end(),
-      [this](const GraphSlot& slot) { return slot.State != kRowEmpty && slot.WinNo == win_no_; });
+  const ViewState& view = session_.program.view;
+  const bool all = view.PileUpOn != kFalse || view.ExpandOn != kFalse;
+  return std::any_of(session_.program.workspace.Slots.begin(),
+                     session_.program.workspace.Slots.end(), [=, this](const GraphSlot& slot) {
+                       return slot.State != kRowEmpty && (all || slot.WinNo == win_no_);
+                     });
 }
 
 QString GraphCanvas::Hint() const {
@@ -75,6 +75,20 @@ void GraphCanvas::RenderPicture(const QSize& device_size) {
   stale_ = false;
 }
 
+// The regions of the graphs that this window shows, each in its colour.
+void GraphCanvas::CollectRegions() {
+  const Workspace& workspace = session_.program.workspace;
+  regions_.clear();
+  for (int i = 0; i < workspace.Regions.RoiCount; ++i) {
+    const RoiRec& region = workspace.Regions.Rois[i];
+    for (const GraphSlot& slot : workspace.Slots) {
+      const bool here = session_.program.view.PileUpOn != kFalse || slot.WinNo == win_no_;
+      if (slot.State == kRowEmpty || slot.DataNo != region.DataNo || !here) continue;
+      regions_.push_back({true, region.Start, region.End, region.Color});
+    }
+  }
+}
+
 Overlay GraphCanvas::CurrentOverlay() const {
   const ViewState& view = session_.program.view;
   const Workspace& workspace = session_.program.workspace;
@@ -84,6 +98,11 @@ Overlay GraphCanvas::CurrentOverlay() const {
   overlay.CursorColor = workspace.ColorTbl[kColorCursor];
   overlay.Area = {view.AreaOn != kFalse && view.CurWin == win_no_, view.AreaStart, view.AreaEnd,
                   workspace.ColorTbl[kColorArea]};
+  if (view.ExpandOn != kFalse && win_no_ == 0) {
+    overlay.Range = {true, RoundToInt16(view.StartCh), RoundToInt16(view.StartCh + view.SpanCh - 1),
+                     workspace.ColorTbl[kColorExpandArea]};
+  }
+  overlay.Regions = regions_;
   return overlay;
 }
 
@@ -106,74 +125,72 @@ void GraphCanvas::paintEvent(QPaintEvent*) {
     painter.drawText(rect().adjusted(8, 0, -8, 0), Qt::AlignCenter | Qt::TextWordWrap, hint);
     return;
   }
+  CollectRegions();
   PainterSurface surface(painter, rect());
   session_.program.spect.DrawOverlay(win_no_, surface, CurrentOverlay());
 }
 
-int GraphCanvas::ChannelAt(double x) const {
-  return session_.program.spect.ChannelAtX(win_no_, x / std::max(width(), 1));
+double GraphCanvas::ChannelAt(double x) const {
+  const ViewScale& scale = session_.program.spect.Scale(win_no_);
+  return scale.StartX + x / std::max(width(), 1) * (scale.EndX - scale.StartX);
 }
 
-std::optional<int> GraphCanvas::OppositeOfEdgeNear(double x) const {
-  const ViewState& view = session_.program.view;
-  if (view.AreaOn == kFalse || view.AreaStart == kNoEnd || view.AreaEnd == kNoEnd) return {};
-  const auto near = [&](int channel) {
-    return std::abs(session_.program.spect.XOfChannel(win_no_, channel) * width() - x) <=
-           kEdgeReach;
-  };
-  if (near(view.AreaEnd)) return view.AreaStart;
-  if (near(view.AreaStart)) return view.AreaEnd;
-  return {};
+double GraphCanvas::Reach() const {
+  return ChannelAt(kEdgeReach) - ChannelAt(0);
 }
 
 void GraphCanvas::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   setFocus(Qt::MouseFocusReason);
-  const double x = event->position().x();
-  const std::optional<int> opposite = OppositeOfEdgeNear(x);
-  const int channel = ChannelAt(x);
-  session_.Do([this, channel, opposite](Program& program) {
-    if (program.view.CurWin != win_no_) ChangeActiveWin(program.List(), win_no_);
-    if (!opposite) MoveCursorTo(program, channel);
+  drag_x_ = event->position().x();
+  session_.Do([this](Program& program) {
+    drag_ = BeginDrag(program, win_no_, ChannelAt(drag_x_), Reach());
   });
-  anchor_ = opposite.value_or(channel);
-  drag_x_ = x;
-  drag_ = session_.program.view.AreaOn != kFalse ? Drag::Area : Drag::Cursor;
 }
 
 void GraphCanvas::mouseMoveEvent(QMouseEvent* event) {
   const double x = event->position().x();
-  if (drag_ == Drag::None) {
-    setCursor(OppositeOfEdgeNear(x) ? Qt::SplitHCursor : Qt::CrossCursor);
+  if (!drag_) {
+    ShowPointer(x);
     return;
   }
   DragTo(x);
-  const bool outside = drag_ == Drag::Area && (x < 0 || x >= width());
+  const bool outside = drag_->target == MouseTarget::AreaEdge && (x < 0 || x >= width());
   if (!outside) timCursor_.stop();
   if (outside && !timCursor_.isActive()) timCursor_.start();
 }
 
+void GraphCanvas::ShowPointer(double x) {
+  switch (TargetAt(session_.program, win_no_, ChannelAt(x), Reach())) {
+    case MouseTarget::AreaEdge:
+      setCursor(Qt::SplitHCursor);
+      break;
+    case MouseTarget::RangeMark:
+      setCursor(Qt::PointingHandCursor);
+      break;
+    case MouseTarget::Cursor:
+      setCursor(Qt::CrossCursor);
+      break;
+  }
+}
+
 void GraphCanvas::DragTo(double x) {
   drag_x_ = x;
-  const int channel = ChannelAt(x);
-  session_.Do([this, channel](Program& program) {
-    if (drag_ == Drag::Area) {
-      SetArea(program, anchor_, channel);
-    } else {
-      MoveCursorTo(program, channel);
-    }
+  session_.Do([this](Program& program) {
+    const double inside = std::clamp(drag_x_, 0.0, static_cast<double>(width()));
+    dorvane::DragTo(program, *drag_, ChannelAt(inside));
   });
 }
 
 void GraphCanvas::ScrollWhileOutside() {
-  const double step = drag_x_ < 0 ? -kScrollStep : kScrollStep;
-  session_.Do([step](Program& program) { SetStartCh(program, program.view.StartCh + step); });
+  if (!drag_) return;
+  session_.Do([this](Program& program) { ScrollDrag(program, drag_x_ < 0 ? -1 : 1); });
   DragTo(drag_x_);
 }
 
 void GraphCanvas::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  drag_ = Drag::None;
+  drag_.reset();
   timCursor_.stop();
 }
 

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "display/Overlay.h"
+#include "program/GraphMouse.h"
 #include "qt/Session.h"
 
 namespace dorvane {
@@ -30,24 +31,24 @@ class GraphCanvas : public QWidget {
   void wheelEvent(QWheelEvent* event) override;
 
  private:
-  enum class Drag { None, Cursor, Area };
-
   bool HasOwnGraph() const;
   QString Hint() const;
   void RenderPicture(const QSize& device_size);
+  void CollectRegions();
   Overlay CurrentOverlay() const;
-  int ChannelAt(double x) const;
-  // The end of the area that stays when the edge near x is taken.
-  std::optional<int> OppositeOfEdgeNear(double x) const;
+  // Channel under a place, also outside of the window while a drag has left it.
+  double ChannelAt(double x) const;
+  double Reach() const;
+  void ShowPointer(double x);
   void DragTo(double x);
   void ScrollWhileOutside();
 
   Session& session_;
   const int win_no_;
   QImage picture_;
+  std::vector<ChannelRange> regions_;  // for the overlay of this frame
   bool stale_ = true;
-  Drag drag_ = Drag::None;
-  int anchor_ = 0;  // end of the area that stays
+  std::optional<GraphDrag> drag_;
   double drag_x_ = 0;
   QTimer timCursor_;
 };

@@ -118,6 +118,9 @@ void MainWindow::Connect() {
           [this] { setWindowTitle(ToQString(session_->program.view.Caption)); });
   connect(&notices, &Notices::SpanChanged, this, [this] { RefreshScrollBar(); });
   connect(&notices, &Notices::PointerShapeChanged, this, [this] { RefreshPointer(); });
+  connect(&notices, &Notices::StyleChanged, this, [this] {
+    if (session_->program.view.ExpandOn != kFalse) splitter_->OpenLower(true);
+  });
   connect(hsbStartX_, &QScrollBar::valueChanged, this, [this](int start) {
     session_->Do([=](Program& program) { SetStartCh(program, start); });
   });
@@ -145,6 +148,9 @@ void MainWindow::ConnectActions() {
   on("chkArea", [this] { session_->Run("AreaCursor"); });
   on("mnuWhole", [this] { ShowWholeSpectrum(); });
   on("mnuLowerWindow", [this](bool open) { splitter_->OpenLower(open); });
+  on("mnuSelGraph", [this] { session_->graph_select.GraphSel_Repl(1); });
+  on("mnuRoiReport", [this] { session_->roi_report.Open(); });
+  on("mnuLogText", [this] { session_->log.Show(); });
   on("mnuHelp", [this] { ShowHelp(*session_); });
   on("mnuKeys", [this] { ShowKeys(this, *actions_); });
   on("mnuVersion", [this] { ShowVersion(*session_); });

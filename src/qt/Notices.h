@@ -4,6 +4,7 @@
 
 #include <QObject>
 
+#include "workspace/Workspace.h"
 #include "workspace/WorkspaceListener.h"
 
 namespace dorvane {
@@ -26,6 +27,14 @@ class Notices : public QObject, public WorkspaceListener {
   void PointMarksCleared(int WinNo, int) override { emit PictureChanged(WinNo); }
   void WindowCleared(int WinNo) override { emit PictureChanged(WinNo); }
   void RedrawWanted(int WinNo) override { emit PictureChanged(WinNo); }
+  void RoiMarked(int WinNo, int, int, int, Color) override { emit PictureChanged(WinNo); }
+  void RoiUnmarked(int WinNo, int, int, int, Color) override { emit PictureChanged(WinNo); }
+  void WindowStyleChanged() override {
+    emit ListChanged();
+    for (int win_no = 0; win_no < kWindows; ++win_no) emit PictureChanged(win_no);
+    emit SpanChanged();
+    emit StyleChanged();
+  }
   void WindowActivated(int) override { emit ActiveWindowChanged(); }
   void UnitAxisChanged() override { emit UnitChanged(); }
   void CountScaleChanged(int) override { emit HeightChanged(); }
@@ -38,6 +47,7 @@ class Notices : public QObject, public WorkspaceListener {
 
  signals:
   void ListChanged();
+  void StyleChanged();
   void PictureChanged(int win_no);
   void ActiveWindowChanged();
   void UnitChanged();

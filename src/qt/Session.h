@@ -5,11 +5,15 @@
 #include <functional>
 #include <string_view>
 
+#include "forms/frmLog.h"
+#include "forms/frmRoiReport.h"
+#include "forms/frmSelGraph.h"
 #include "program/Program.h"
-#include "qt/KeptLog.h"
 #include "qt/Notices.h"
 #include "qt/QtDialogs.h"
 #include "qt/StatusProgress.h"
+#include "qt/binding/QtFormHost.h"
+#include "workspace/ListenerFan.h"
 
 namespace dorvane {
 
@@ -26,10 +30,15 @@ class Session : public QObject {
 
   QtDialogs dialogs;
   StatusProgress progress;
-  KeptLog log;
+  QtFormHost host;
+  frmLog log;
   SystemFileLayer files;
   Notices notices;
+  ListenerFan views;
   Program program;
+  frmSelGraph graph_select;
+  frmRoiReport roi_report;
+  FormViews form_views;  // goes first: the windows are above the forms
 
  signals:
   void Begun();  // a command or an operation starts

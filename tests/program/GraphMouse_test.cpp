@@ -28,6 +28,15 @@ TEST_F(GraphMouseTest, WithTheAreaCursorOnADragMarksAnArea) {
   EXPECT_EQ(view.AreaEnd, 300);
 }
 
+TEST_F(GraphMouseTest, AClickAloneKeepsTheArea) {
+  Show({1});
+  view.AreaOn = kTrue;
+  SetArea(program, 100, 200);
+  BeginDrag(program, 0, 300, kReach);
+  EXPECT_EQ(view.AreaStart, 100);
+  EXPECT_EQ(view.AreaEnd, 200);
+}
+
 TEST_F(GraphMouseTest, AnEdgeWithinReachFollowsThePointerTheOtherStays) {
   Show({1});
   view.AreaOn = kTrue;
