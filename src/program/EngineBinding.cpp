@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "display/DrawScale.h"
 #include "program/WholeRange.h"
 #include "support/Rounding.h"
 #include "workspace/Colors.h"
-#include "workspace/GraphList.h"
 
 namespace dorvane {
 namespace {
@@ -36,16 +36,32 @@ std::int32_t EngineHeight(const ViewState& view) {
 }
 
 void EngineBinding::SpectrumShown(int WinNo, int DataNo) {
+  const auto counts = workspace_.Channels[DataNo].Used();
   if (view_.ExpandOn == kFalse) spect_.ClearPoints(1 - ViewOf(WinNo), DataNo);
-  spect_.SetSpectrum(ViewOf(WinNo), DataNo, workspace_.Channels[DataNo].Used(),
-                     RowColor(workspace_, DataNo));
+  spect_.SetSpectrum(ViewOf(WinNo), DataNo, counts, RowColor(workspace_, DataNo));
   MarkRegions(WinNo, DataNo);
+  TakeMarksAlong(WinNo, DataNo);
   ListenerFan::SpectrumShown(WinNo, DataNo);
 }
 
 void EngineBinding::SpectrumRemoved(int WinNo, int DataNo) {
-  spect_.ClearPoints(ViewOf(WinNo), DataNo);
+  const auto last = shown_in_.find(DataNo);
+  const bool moved = last != shown_in_.end() && last->second != WinNo;
+  const bool shared = view_.ExpandOn != kFalse || view_.PileUpOn != kFalse;
+  if (!moved || !shared) spect_.ClearPoints(ViewOf(WinNo), DataNo);
+  if (!moved) marked_.erase(DataNo);
   ListenerFan::SpectrumRemoved(WinNo, DataNo);
+}
+
+void EngineBinding::TakeMarksAlong(int WinNo, int DataNo) {
+  const auto [last, first_time] = shown_in_.try_emplace(DataNo, WinNo);
+  const int from = std::exchange(last->second, WinNo);
+  if (first_time || from == WinNo || !marked_.contains(DataNo)) return;
+  const PeakTable& peaks = workspace_.Peaks[DataNo];
+  for (int i = 0; i < peaks.Count; ++i) {
+    UnmarkPeak(from, DataNo, peaks.Peaks[i]);
+    MarkPeak(WinNo, DataNo, peaks.Peaks[i]);
+  }
 }
 
 void EngineBinding::GraphShown(int WinNo, int DataNo, bool shown) {
@@ -67,16 +83,21 @@ void EngineBinding::MarkPeak(int WinNo, int DataNo, const PeakRec& peak) {
 
 void EngineBinding::PeakMarked(int WinNo, int DataNo, const PeakRec& peak) {
   MarkPeak(WinNo, DataNo, peak);
+  marked_.insert(DataNo);
   ListenerFan::PeakMarked(WinNo, DataNo, peak);
 }
 
-void EngineBinding::PeakUnmarked(int WinNo, int DataNo, const PeakRec& peak) {
+void EngineBinding::UnmarkPeak(int WinNo, int DataNo, const PeakRec& peak) {
   spect_.SetPointColor(ViewOf(WinNo), DataNo, peak.RegionStart, peak.RegionEnd, 0);
   const auto channels = spect_.PeakLinesOf(ViewOf(WinNo)).Channels();
   const auto found = std::find(channels.begin(), channels.end(), LineChannel(peak));
   if (found != channels.end()) {
     spect_.DeletePeakLine(ViewOf(WinNo), ToInt16(found - channels.begin()), kFalse);
   }
+}
+
+void EngineBinding::PeakUnmarked(int WinNo, int DataNo, const PeakRec& peak) {
+  UnmarkPeak(WinNo, DataNo, peak);
   ListenerFan::PeakUnmarked(WinNo, DataNo, peak);
 }
 
@@ -87,6 +108,7 @@ void EngineBinding::PeakLinesCleared(int WinNo) {
 
 void EngineBinding::PointMarksCleared(int WinNo, int DataNo) {
   spect_.SetPointColor(ViewOf(WinNo), DataNo, 0, kMaxChannels, 0);
+  marked_.erase(DataNo);
   spect_.ClearTexts(WinNo);
   ListenerFan::PointMarksCleared(WinNo, DataNo);
 }
@@ -162,7 +184,7 @@ void EngineBinding::WindowStyleChanged() {
     spect_.CopyView(1, nullptr, workspace_.ColorTbl[kColorWindowBack + 1]);
   }
   for (const GraphSlot& slot : workspace_.Slots) {
-    if (slot.State == kRowEmpty || KindOf(slot.Title) == GraphKind::Fit) continue;
+    if (slot.State == kRowEmpty || !marked_.contains(slot.DataNo)) continue;
     const PeakTable& peaks = workspace_.Peaks[slot.DataNo];
     for (int i = 0; i < peaks.Count; ++i) MarkPeak(slot.WinNo, slot.DataNo, peaks.Peaks[i]);
   }

@@ -2,6 +2,9 @@
 // on to the outside.
 #pragma once
 
+#include <map>
+#include <set>
+
 #include "display/DrawSpect.h"
 #include "workspace/ListenerFan.h"
 #include "workspace/ViewState.h"
@@ -42,12 +45,19 @@ class EngineBinding : public ListenerFan {
   // A curve that is set anew shows its regions again.
   void MarkRegions(int WinNo, int DataNo);
   void MarkPeak(int WinNo, int DataNo, const PeakRec& peak);
+  void UnmarkPeak(int WinNo, int DataNo, const PeakRec& peak);
+  // Peak marks go with their curve to another window.
+  void TakeMarksAlong(int WinNo, int DataNo);
   void ApplyScale(int WinNo);
   void ApplyRange();
 
   const Workspace& workspace_;
   const ViewState& view_;
   DrawSpect& spect_;
+  std::map<int, int> shown_in_;  // the last window of each spectrum
+  // Whether the peaks of a spectrum have been marked. A derived curve inherits peaks without their
+  // marks.
+  std::set<int> marked_;
 };
 
 }  // namespace dorvane

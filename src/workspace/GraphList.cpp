@@ -55,18 +55,12 @@ void StayOnGraphs(const Workspace& workspace, ViewState& view) {
   stay(view.GraphNo);
 }
 
-// The curve goes to the other window with the marks of its peaks.
+// The new window shows the curve before the old one loses it, so that its marks can be taken along.
 void MoveToWindow(const GraphList& list, GraphSlot& slot, int win_no) {
-  const PeakTable& peaks = list.workspace.Peaks[slot.DataNo];
-  for (int i = 0; i < peaks.Count; ++i) {
-    list.listener.PeakUnmarked(slot.WinNo, slot.DataNo, peaks.Peaks[i]);
-  }
-  list.listener.SpectrumRemoved(slot.WinNo, slot.DataNo);
+  const std::int16_t old = slot.WinNo;
   slot.WinNo = ToInt16(win_no);
   list.listener.SpectrumShown(win_no, slot.DataNo);
-  for (int i = 0; i < peaks.Count; ++i) {
-    list.listener.PeakMarked(win_no, slot.DataNo, peaks.Peaks[i]);
-  }
+  list.listener.SpectrumRemoved(old, slot.DataNo);
 }
 
 }  // namespace

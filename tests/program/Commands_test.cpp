@@ -177,6 +177,18 @@ TEST_F(EngineTest, AGraphTakesThePeakLinesToTheOtherWindow) {
   EXPECT_EQ(program.spect.PeakLinesOf(1).Count(), 1);
 }
 
+TEST_F(EngineTest, ADerivedCurveTakesNoPeakLinesFromItsSource) {
+  const auto data_no = Show({1, 2, 3, 4, 5});
+  PeakRec& peak = workspace.Peaks[data_no].Peaks[0];
+  peak.Center = 2;
+  workspace.Peaks[data_no].Count = 1;
+  list.listener.PeakMarked(0, data_no, peak);
+  RunCommand(program, "Smooth");
+  ChgValue_chkGrp(list, 1, 0, true);
+  EXPECT_EQ(program.spect.PeakLinesOf(0).Count(), 1);
+  EXPECT_EQ(program.spect.PeakLinesOf(1).Count(), 0);
+}
+
 TEST_F(EngineTest, ClearedPointMarksLeaveTheCurve) {
   const auto data_no = Show({1, 2, 3});
   program.spect.SetPointColor(0, data_no, 0, 2, 0xFF);

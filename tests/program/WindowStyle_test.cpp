@@ -104,6 +104,7 @@ TEST_F(WindowStyleTest, PeakLinesComeAlongWithTheStyle) {
   const auto data_no = Show(std::vector<std::int32_t>(100, 1));
   workspace.Peaks[data_no].Count = 1;
   workspace.Peaks[data_no].Peaks[0].Center = 50;
+  list.listener.PeakMarked(0, data_no, workspace.Peaks[data_no].Peaks[0]);
   ckbExpand_Click(program, true);
   EXPECT_EQ(program.spect.PeakLinesOf(1).Count(), 1);
   ckbExpand_Click(program, false);
