@@ -63,7 +63,7 @@ struct ViewState {
 
   OperationButtons Buttons;
   std::int16_t CalibrationOn = kFalse;  // between EneCalStart and EneCalEnd
-  std::int16_t FitMade = kFalse;  // a fit has been done since the last open
+  std::int16_t FitMade = kFalse;        // a fit has been done since the last open
   std::int16_t Pointer = kPointerNormal;
   std::string Caption;            // of the main window
   std::string CloseGraphCaption;  // of mnuCloseGraph
