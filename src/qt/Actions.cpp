@@ -6,8 +6,8 @@
 
 #include "processing/Units.h"
 #include "program/View.h"
-#include "qt/Text.h"
 #include "qt/ThemeIcon.h"
+#include "qt/binding/Text.h"
 
 namespace dorvane {
 namespace {

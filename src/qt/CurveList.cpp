@@ -7,7 +7,7 @@
 #include <QVBoxLayout>
 
 #include "program/MoveGraph.h"
-#include "qt/Text.h"
+#include "qt/binding/Text.h"
 
 namespace dorvane {
 namespace {

@@ -9,7 +9,7 @@
 #include "display/DrawScale.h"
 #include "program/Cursor.h"
 #include "program/View.h"
-#include "qt/Text.h"
+#include "qt/binding/Text.h"
 #include "qt/surface/PainterSurface.h"
 #include "support/Rounding.h"
 #include "workspace/Colors.h"

@@ -4,7 +4,7 @@
 #include <QHBoxLayout>
 
 #include "qt/Readouts.h"
-#include "qt/Text.h"
+#include "qt/binding/Text.h"
 #include "workspace/Colors.h"
 
 namespace dorvane {

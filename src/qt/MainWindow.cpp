@@ -19,7 +19,7 @@
 #include "program/WholeRange.h"
 #include "qt/HelpBoxes.h"
 #include "qt/Keys.h"
-#include "qt/Text.h"
+#include "qt/binding/Text.h"
 #include "workspace/Colors.h"
 
 namespace dorvane {

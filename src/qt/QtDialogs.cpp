@@ -9,7 +9,7 @@
 #include <QRegularExpression>
 #include <QTreeView>
 
-#include "qt/Text.h"
+#include "qt/binding/Text.h"
 
 namespace dorvane {
 namespace {

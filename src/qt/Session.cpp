@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 
 #include "program/Commands.h"
-#include "qt/Text.h"
+#include "qt/binding/Text.h"
 #include "qt/views/Views.h"
 
 namespace dorvane {
