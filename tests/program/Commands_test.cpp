@@ -189,6 +189,19 @@ TEST_F(EngineTest, ADerivedCurveTakesNoPeakLinesFromItsSource) {
   EXPECT_EQ(program.spect.PeakLinesOf(1).Count(), 0);
 }
 
+TEST_F(EngineTest, ASpectrumInAFreedNumberHasNoMarksOfTheOneBefore) {
+  Show({1, 2, 3}, "a.npd");
+  const auto data_no = Show({1, 2, 3}, "b.npd");
+  PeakRec& peak = workspace.Peaks[data_no].Peaks[0];
+  peak.Center = 2;
+  workspace.Peaks[data_no].Count = 1;
+  list.listener.PeakMarked(0, data_no, peak);
+  DeleteGraph(list, 1);
+  ASSERT_EQ(Show({4, 5, 6}, "c.npd"), data_no);
+  ChgValue_chkGrp(list, 1, 1, true);
+  EXPECT_EQ(program.spect.PeakLinesOf(1).Count(), 0);
+}
+
 TEST_F(EngineTest, ClearedPointMarksLeaveTheCurve) {
   const auto data_no = Show({1, 2, 3});
   program.spect.SetPointColor(0, data_no, 0, 2, 0xFF);

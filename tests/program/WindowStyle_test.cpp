@@ -93,6 +93,13 @@ TEST_F(WindowStyleTest, AGraphSetIntoTheSecondWindowEndsItsExpansion) {
   EXPECT_EQ(program.spect.AliasView(), 0);
 }
 
+TEST_F(WindowStyleTest, AGraphMovedInAPileStaysInThePicture) {
+  const auto data_no = Show({1, 2}, "a.npd");
+  chkWinStyle_Click(program, true);
+  ChgValue_chkGrp(list, 1, 0, true);
+  EXPECT_EQ(program.spect.CurveOf(0, data_no).Counts[1], 2);
+}
+
 TEST_F(WindowStyleTest, AHiddenGraphStaysHiddenInEveryStyle) {
   const auto data_no = Show({1, 2}, "a.npd");
   ChgValue_chkGrp(list, 0, 0, false);
