@@ -8,7 +8,8 @@
 
 namespace dorvane {
 
-frmDorvane::frmDorvane(Program& program, FormHost& host, Launcher& launcher)
+frmDorvane::frmDorvane(Program& program, FormHost& host, Launcher& launcher,
+                       SettingsStore& settings)
     : Form(host, "frmDorvane", program.view.Caption),
       work_(program, controls_),
       commands(work_),
@@ -20,6 +21,7 @@ frmDorvane::frmDorvane(Program& program, FormHost& host, Launcher& launcher)
       graphs(work_),
       tool_bars(work_, commands),
       menus(work_, commands),
+      recent(settings),
       program_(program) {
   BindOwnCommands(launcher);
   work_.Done.Connect([this] { Refresh(); });

@@ -14,6 +14,7 @@
 #include "forms/KeyTable.h"
 #include "forms/MenusPanel.h"
 #include "forms/PanelWork.h"
+#include "forms/RecentFiles.h"
 #include "forms/ScalePanel.h"
 #include "forms/SelectorPanel.h"
 #include "forms/StylePanel.h"
@@ -26,7 +27,7 @@ namespace dorvane {
 class frmDorvane : public Form, public WorkspaceListener {
  public:
   // All of them outlive the form.
-  frmDorvane(Program& program, FormHost& host, Launcher& launcher);
+  frmDorvane(Program& program, FormHost& host, Launcher& launcher, SettingsStore& settings);
 
   // Start: takes the program's own files (Form_Load of the program), then shows window 0.
   void Form_Load(const std::string& start_directory);
@@ -81,6 +82,7 @@ class frmDorvane : public Form, public WorkspaceListener {
   GraphPanel graphs;
   ToolBarsPanel tool_bars;
   MenusPanel menus;
+  RecentFiles recent;
 
   Event<> Ended;  // both files are written: the process may end
 

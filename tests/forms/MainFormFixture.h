@@ -5,6 +5,7 @@
 #include "forms/frmDorvane.h"
 #include "program/OpenSave.h"
 #include "program/ProgramFixture.h"
+#include "support/MemorySettings.h"
 
 namespace dorvane {
 
@@ -67,7 +68,8 @@ class MainFormTest : public ProgramTest {
 
   ScriptedFormHost host;
   RecordingLauncher launcher;
-  frmDorvane form{program, host, launcher};
+  MemorySettings settings;
+  frmDorvane form{program, host, launcher, settings};
 };
 
 }  // namespace dorvane
