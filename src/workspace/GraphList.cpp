@@ -55,6 +55,15 @@ void StayOnGraphs(const Workspace& workspace, ViewState& view) {
   stay(view.GraphNo);
 }
 
+// The captions name the graph that commands work on.
+void NameCurrentGraph(const GraphList& list) {
+  ViewState& view = list.view;
+  const std::string& title = list.workspace.Slots[view.GraphNo].Title;
+  view.Caption = kCaptionHead + title;
+  view.CloseGraphCaption = "Close Graph(" + title + ")";
+  list.listener.CaptionChanged();
+}
+
 // The new window shows the curve before the old one loses it, so that its marks can be taken along.
 void MoveToWindow(const GraphList& list, GraphSlot& slot, int win_no) {
   const std::int16_t old = slot.WinNo;
@@ -184,6 +193,7 @@ void DeleteGraph(const GraphList& list, int grp_no) {
   Add_cboGraphSel(list);
   list.listener.CheckBoxesFilled();
   list.listener.RedrawWanted(win_no);
+  NameCurrentGraph(list);
 }
 
 std::int16_t ClearAllGrp(const GraphList& list) {
@@ -241,6 +251,7 @@ void Change_cboGrphSel(const GraphList& list, int win_no, int grp_no) {
   for (int window = 0; window < kWindows; ++window) list.listener.RedrawWanted(window);
   list.listener.UnitAxisChanged();
   list.listener.CursorMoved();
+  NameCurrentGraph(list);
 }
 
 void ChgValue_chkGrp(const GraphList& list, int win_no, int grp_no, bool value) {
@@ -271,8 +282,7 @@ void ChangeActiveWin(const GraphList& list, int win_no) {
   const bool changed = view.CurWin != win_no;
   view.CurWin = ToInt16(win_no);
   view.GraphNo = GetGrpNo(list);
-  const GraphSlot& slot = list.workspace.Slots[view.GraphNo];
-  view.DataNo = slot.DataNo;
+  view.DataNo = list.workspace.Slots[view.GraphNo].DataNo;
   if (view.AreaOn != kFalse && changed) {
     view.AreaStart = kNoEnd;
     view.AreaEnd = kNoEnd;
@@ -280,9 +290,7 @@ void ChangeActiveWin(const GraphList& list, int win_no) {
   }
   list.listener.WindowActivated(win_no);
   list.listener.UnitAxisChanged();
-  view.Caption = kCaptionHead + slot.Title;
-  view.CloseGraphCaption = "Close Graph(" + slot.Title + ")";
-  list.listener.CaptionChanged();
+  NameCurrentGraph(list);
 }
 
 bool HoldsGraph(const Workspace& workspace, int grp_no) {

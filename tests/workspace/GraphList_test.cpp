@@ -254,7 +254,34 @@ TEST_F(GraphListTest, DeletingTellsTheViewsInOrder) {
   listener.notices.clear();
   DeleteGraph(list, 0);
   EXPECT_THAT(listener.notices, ElementsAre("removed 1 0", "row cleared 0", "selector", "checks",
-                                            "list", "selector", "checks", "redraw 1"));
+                                            "list", "selector", "checks", "redraw 1", "caption"));
+}
+
+TEST_F(GraphListTest, TheCaptionsNameTheGraphThatIsCurrentAfterADeletion) {
+  Add("a.npd");
+  Add("b.npd");
+  Change_cboGrphSel(list, 0, 1);
+  DeleteGraph(list, 1);
+  EXPECT_EQ(view.Caption, "Dorvane (Data Analyze) --- a.npd");
+  EXPECT_EQ(view.CloseGraphCaption, "Close Graph(a.npd)");
+  DeleteGraph(list, 0);
+  EXPECT_EQ(view.CloseGraphCaption, "Close Graph()");
+}
+
+TEST_F(GraphListTest, ASelectedGraphShowsInTheCaptions) {
+  Add("a.npd");
+  Add("b.npd");
+  Change_cboGrphSel(list, 0, 1);
+  EXPECT_EQ(view.Caption, "Dorvane (Data Analyze) --- b.npd");
+  EXPECT_EQ(view.CloseGraphCaption, "Close Graph(b.npd)");
+}
+
+TEST_F(GraphListTest, TheSelectorOfTheOtherWindowLeavesTheCaptions) {
+  Add("a.npd");
+  Add("b.npd");
+  Change_cboGrphSel(list, 0, 0);
+  Change_cboGrphSel(list, 1, 1);
+  EXPECT_EQ(view.CloseGraphCaption, "Close Graph(a.npd)");
 }
 
 TEST_F(GraphListTest, TheCurrentRowStaysOnItsGraphWhenOneBeforeItIsDeleted) {
