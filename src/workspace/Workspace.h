@@ -81,7 +81,7 @@ struct Workspace {
   std::int16_t FilterIndex = 1;  // the filter last chosen in the file dialog, from 1
   DacAngles Dac;
   std::int16_t UseFileEgc = 0;  // 0: DefaultProp calibrates, else the spectrum's own MeasProp
-  std::int16_t ExpressFit = 1;  // 1: the Express family fits, 0: the Nax family
+  std::int16_t ExpressFit = 0;  // 1: the Express family fits, 0: the Nax family
 };
 
 // The calibration source that UseFileEgc picks for a spectrum.
