@@ -65,9 +65,10 @@ void frmDorvane::QueryClose() {
 }
 
 void frmDorvane::Exit() {
-  if (!ExitProc(program_)) return;
-  for (Form* form : attached_) form->Hide();
-  Ended.Fire();
+  const bool ends = ExitProc(program_, [this] {
+    for (Form* form : attached_) form->Hide();
+  });
+  if (ends) Ended.Fire();
 }
 
 void frmDorvane::Refresh() {

@@ -78,8 +78,9 @@ bool Form_Load_Proc(Program& program) {
   return Load(program, kUserData);
 }
 
-bool ExitProc(Program& program) {
+bool ExitProc(Program& program, const std::function<void()>& unload_forms) {
   if (ConfirmUnsaved(program.List()) != kFalse) return false;
+  if (unload_forms) unload_forms();
   FileContext files = program.FileAccess();
   ParaFileWrite(files, program.directory + kParaFileName, program.workspace);
   IniFileWrite(files, program.directory + kIniFileName, program.workspace);

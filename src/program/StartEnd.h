@@ -2,6 +2,7 @@
 // what it writes at the end.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "program/Program.h"
@@ -31,9 +32,9 @@ bool Form_Load(Program& program, const std::string& start_directory);
 // The same from the directory "\UserData\".
 bool Form_Load_Proc(Program& program);
 
-// The end: asks about unsaved graphs, then writes both files into Program::directory. False when
-// the user keeps the data: nothing is written and the program goes on. True when the program ends,
-// also after the message of a write that failed.
-bool ExitProc(Program& program);
+// The end: asks about unsaved graphs, lets the other forms go (`unload_forms`), then writes both
+// files into Program::directory. False when the user keeps the data: nothing else happens and the
+// program goes on. True when the program ends, also after the message of a write that failed.
+bool ExitProc(Program& program, const std::function<void()>& unload_forms = {});
 
 }  // namespace dorvane

@@ -63,6 +63,20 @@ TEST_F(StartEndTest, StartsWithTheWholeRangeTheCursorAtZeroAndAHeightOfTenMillio
   EXPECT_EQ(view.FilePile[1], kTrue);
 }
 
+TEST_F(StartEndTest, TheEngineStartsWithAllChannelsAndTheHeightOfTenMillion) {
+  for (int win_no = 0; win_no < kWindows; ++win_no) {
+    const ViewScale& scale = program.spect.Scale(win_no);
+    EXPECT_EQ(scale.WidthX, 4096);
+    EXPECT_EQ(scale.StartX, 0);
+    EXPECT_EQ(scale.YMode, kLinear);
+    EXPECT_EQ(scale.MaxY, 10000000);
+  }
+}
+
+TEST_F(StartEndTest, TheNaxFamilyFitsAtStart) {
+  EXPECT_EQ(workspace.ExpressFit, 0);
+}
+
 TEST_F(StartEndTest, ParameterFileCalibratesTheDefaultsAndSpectrumZero) {
   PutFiles();
   Form_Load(program, folder.Path(""));
@@ -140,6 +154,20 @@ TEST_F(StartEndTest, NoAtTheEndKeepsTheProgramRunningWithAllGraphs) {
   EXPECT_FALSE(ExitProc(program));
   EXPECT_EQ(Titles(), std::vector<std::string>{"a.npd"});
   EXPECT_TRUE(folder.Names().empty());
+}
+
+TEST_F(StartEndTest, TheOtherFormsGoBeforeTheFilesAreWritten) {
+  bool written = true;
+  EXPECT_TRUE(ExitProc(program, [&] { written = folder.Has(kParaFileName); }));
+  EXPECT_FALSE(written);
+  EXPECT_TRUE(folder.Has(kParaFileName));
+}
+
+TEST_F(StartEndTest, NoAtTheEndKeepsTheOtherForms) {
+  Show({1, 2, 3});
+  workspace.Slots[0].State = kRowUnsaved;
+  dialogs.ExpectQuestion("File No Save.  Grp=1 (Do you Cansel?)", false);
+  EXPECT_FALSE(ExitProc(program, [] { ADD_FAILURE() << "a form has gone"; }));
 }
 
 TEST_F(StartEndTest, YesAtTheEndDropsTheDataAndWritesBothFiles) {
