@@ -1,5 +1,6 @@
 #include "program/ClearAndReload.h"
 
+#include "processing/RoiOpe.h"
 #include "program/OpenSave.h"
 
 namespace dorvane {
@@ -9,6 +10,7 @@ void ClearAndReload(Program& program) {
   // KEPT: of a selection of several files only the first comes back; the others are opened again
   // by hand, as the users are used to.
   if (first.size() > 1) first.resize(1);
+  RoiClear(program.List());
   LoadData(program, first);
   tlbOperationInit(program.view);
   program.Listener().ButtonsChanged();

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "processing/RoiOpe.h"
 #include "program/Commands.h"
 #include "program/OpenSave.h"
 #include "program/ProgramFixture.h"
@@ -48,6 +49,13 @@ TEST_F(ClearAndReloadTest, WithoutASelectionTheWorkspaceStaysEmpty) {
   Show({1, 2, 3});
   ClearAndReload(program);
   EXPECT_EQ(workspace.GrpCount, 0);
+}
+
+TEST_F(ClearAndReloadTest, TheRegionsGoAlsoWhenNothingIsReadAgain) {
+  const std::int16_t data_no = Show({1, 2, 3});
+  RoiAdd(list, 0, data_no, 0, 2, 0xFF);
+  ClearAndReload(program);
+  EXPECT_EQ(workspace.Regions.RoiCount, 0);
 }
 
 TEST_F(ClearAndReloadTest, NoChangesNothing) {
