@@ -46,8 +46,8 @@ TEST_F(OpenSaveTest, AReadTellsTheViewsInOrder) {
                           "selector", "shown 0 0", "checks",             // the row
                           "calibration",                                 // of the file
                           "scale 0", "redraw 0", "scale 1", "redraw 1",  // the height
-                          "selected 0 0", "redraw 0", "redraw 1", "axis", "cursor", "active 0",
-                          "axis", "caption", "data type"));
+                          "selected 0 0", "redraw 0", "redraw 1", "axis", "cursor", "caption",
+                          "active 0", "axis", "caption", "data type"));
 }
 
 TEST_F(OpenSaveTest, AFailedReadStopsAfterTheReader) {
