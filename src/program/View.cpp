@@ -13,9 +13,13 @@ namespace {
 
 constexpr std::int32_t kHighest = 1000000;  // where no height covers the counts
 constexpr double kDecadesBelow = 10;        // typed heights below count decades on the log scale
+constexpr double kLowestTyped = 10;         // counts; the axis takes less for decades
 constexpr double kHighestTyped = 1e9;
 constexpr double kWidestTyped = kMaxChannels;
-constexpr int kExpandScanEnd = 4095;  // last channel scanned in Expand mode
+
+// KEPT: in Expand mode the scan ends here, however long the spectrum is: the height is that of its
+// lines, which lie below.
+constexpr int kExpandScanEnd = 4095;
 
 void RangeSet(Program& program, double start, double span) {
   const double max_ch = program.workspace.MaxCh;
@@ -37,10 +41,10 @@ int HeightIndex(std::int32_t value) {
   return index;
 }
 
-void StepHeight(Program& program, int step) {
-  const int index = std::clamp(HeightIndex(program.view.HeightY) + step, 0, kScaleSteps - 1);
-  program.view.AutoScale = kFalse;
-  SetYHeight(program, program.view.CurWin, ScaleValue(index), true);
+// A step of hsbWidthY, which stays within its range.
+void StepWidthY(Program& program, int step) {
+  const int value = std::clamp(program.view.WidthY + step, 0, kScaleSteps);
+  if (value != program.view.WidthY) SetWidthY(program, value);
 }
 
 }  // namespace
@@ -79,6 +83,10 @@ void SetStartCh(Program& program, double start) {
   RangeSet(program, start, program.view.SpanCh);
 }
 
+double ScrollStep(const Program& program) {
+  return std::max(RoundHalfEven(program.view.SpanCh / 10), 1.0);
+}
+
 void SetSpanCh(Program& program, double span) {
   RangeSet(program, program.view.StartCh, span);
 }
@@ -108,10 +116,10 @@ void cmdNarrower(Program& program) {
 }
 
 void mnuTaller(Program& program) {
-  StepHeight(program, 1);
+  StepWidthY(program, -1);
 }
 void mnuShoter(Program& program) {
-  StepHeight(program, -1);
+  StepWidthY(program, 1);
 }
 
 int WidthYOf(const Program& program) {
@@ -133,7 +141,7 @@ void TypeHeight(Program& program, std::string_view text) {
   const double height = decades ? std::pow(10.0, std::floor(*typed)) : *typed;
   if (height > kHighestTyped) return;
   program.view.AutoScale = kFalse;
-  SetYHeight(program, program.view.CurWin, std::max(RoundToInt32(height), 1), true);
+  SetYHeight(program, program.view.CurWin, RoundToInt32(std::max(height, kLowestTyped)), true);
 }
 
 double SpanInUnit(const Program& program) {
@@ -155,13 +163,16 @@ void SetNorScale(Program& program, bool normal_scale) {
 
 void SetLogScale(Program& program, bool log_scale) {
   program.view.LogScale = log_scale ? kTrue : kFalse;
-  SetYHeight(program, program.view.CurWin, program.view.HeightY, true);
+  for (int win_no = 0; win_no < kWindows; ++win_no) {
+    program.Listener().CountScaleChanged(win_no);
+    program.Listener().RedrawWanted(win_no);
+  }
 }
 
 void SetAutoScale(Program& program, bool auto_scale) {
   program.view.AutoScale = auto_scale ? kTrue : kFalse;
   if (auto_scale) program.view.NorScale = kFalse;
-  if (auto_scale) AutoScaleY(program, program.view.CurWin, program.view.DataNo);
+  if (auto_scale) AutoScaleY(program, GetRealWinNo(program.List()), program.view.DataNo);
   program.Listener().CountScaleChanged(program.view.CurWin);
 }
 
@@ -175,7 +186,7 @@ void FollowCursor(Program& program) {
   const ViewState& view = program.view;
   if (view.ExpandOn != kFalse) return;
   const double last = view.StartCh + view.SpanCh - 1;
-  const double step = std::max(RoundHalfEven(view.SpanCh / 10), 1.0);
+  const double step = ScrollStep(program);
   if (view.CursorCh < view.StartCh) SetStartCh(program, view.CursorCh - step);
   if (view.CursorCh > last) SetStartCh(program, view.CursorCh + step - view.SpanCh + 1);
 }

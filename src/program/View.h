@@ -19,6 +19,8 @@ void SetYHeight(Program& program, int win_no, std::int32_t height, bool redraw);
 
 // First channel shown, limited to 0..MaxCh less the span.
 void SetStartCh(Program& program, double start);
+// The step of hsbStartX: a tenth of the span, in channels.
+double ScrollStep(const Program& program);
 
 // Channels shown, kept within 32..MaxCh; the range keeps its start where it can.
 void SetSpanCh(Program& program, double span);
@@ -31,7 +33,8 @@ void ShowAllChannels(Program& program);
 // room.
 void cmdWider(Program& program);
 void cmdNarrower(Program& program);
-// mnuTaller and mnuShoter: the next higher or lower of the 35 heights.
+// mnuTaller and mnuShoter: hsbWidthY less or more one, which is the next higher or lower of the 35
+// heights.
 // KEPT: it is the scale that grows taller, so the curves shrink.
 void mnuTaller(Program& program);
 void mnuShoter(Program& program);
@@ -41,8 +44,8 @@ void mnuShoter(Program& program);
 int WidthYOf(const Program& program);
 void SetWidthY(Program& program, int value);
 
-// itxtScaleY: a typed height in counts; below 10 on the logarithmic scale it counts decades. What
-// is no number, or not above 0, is ignored.
+// itxtScaleY: a typed height in counts, at least 10; below 10 on the logarithmic scale it counts
+// decades. What is no number, or not above 0, is ignored.
 void TypeHeight(Program& program, std::string_view text);
 
 // inumScaleX: the shown span in the unit of the axis, and a typed one.
@@ -52,11 +55,12 @@ void TypeSpan(Program& program, double span_in_unit);
 // ckbNorScale: the scale of the user's own choice; it and the automatic scale exclude each other.
 void SetNorScale(Program& program, bool normal_scale);
 
+// Both windows, whether they pile up or not; the height stays.
 void SetLogScale(Program& program, bool log_scale);
 void SetAutoScale(Program& program, bool auto_scale);
 void SetDispUnit(Program& program, std::int16_t unit);
-// Scrolls so that the cursor is inside the shown range. Nothing in Expand mode, where the first
-// window shows all channels.
+// Scrolls so that the cursor is inside the shown range, a ScrollStep from its edge. Nothing in
+// Expand mode, where the first window shows all channels.
 void FollowCursor(Program& program);
 
 // 0: DefaultProp calibrates the display, 1: the spectrum's own calibration (optEGC).

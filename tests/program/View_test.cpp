@@ -34,7 +34,7 @@ TEST_F(ViewTest, CountsAboveAllStepsGetAMillion) {
   EXPECT_EQ(view.HeightY, 1000000);
 }
 
-TEST_F(ViewTest, AnExpandedFirstWindowTakesTheHeightOfItsFirst4096Channels) {
+TEST_F(ViewTest, AnExpandedFirstWindowTakesTheHeightOfItsFirst4096ChannelsAsMeant) {
   std::vector<std::int32_t> counts(8192, 0);
   counts[100] = 55;
   counts[4095] = 700;
@@ -112,6 +112,14 @@ TEST_F(ViewTest, TheLogarithmicScaleHasSevenDecadesAndKeepsTheHeight) {
   EXPECT_EQ(program.spect.Scale(0).MaxY, 400);
 }
 
+TEST_F(ViewTest, TheLogarithmicScaleHoldsForAWindowThatDoesNotPileUpToo) {
+  view.FilePile[1] = kFalse;
+  SetLogScale(program, true);
+  EXPECT_EQ(program.spect.Scale(1).YMode, kLogarithmic);
+  SetLogScale(program, false);
+  EXPECT_EQ(program.spect.Scale(1).YMode, kLinear);
+}
+
 TEST_F(ViewTest, ATallerScaleMakesTheCurvesSmallerAsMeant) {
   Show({400});
   AutoScaleY(program, 0, 0);
@@ -142,6 +150,32 @@ TEST_F(ViewTest, AHeightThatNoStepCoversKeepsTheScrollBar) {
   EXPECT_EQ(WidthYOf(program), before);
 }
 
+// Heights by their place from 0: 14 is 1000, 15 is 2000, 16 is 3000; the bar counts 35 less that.
+TEST_F(ViewTest, TallerAndShorterStepTheScrollBarWhereNoStepCoversTheHeight) {
+  SetWidthY(program, 20);
+  TypeHeight(program, "1000000");
+  mnuTaller(program);
+  EXPECT_EQ(view.WidthY, 19);
+  EXPECT_EQ(view.HeightY, 3000);
+}
+
+TEST_F(ViewTest, TheHeightAtStartHasNoTallerOneAndTheHighestStepBelowIt) {
+  mnuTaller(program);
+  EXPECT_EQ(view.HeightY, 10000000);
+  mnuShoter(program);
+  EXPECT_EQ(view.HeightY, 800000);
+}
+
+TEST_F(ViewTest, TallerAndShorterEndAtTheLastSteps) {
+  SetWidthY(program, 1);
+  mnuTaller(program);
+  EXPECT_EQ(view.HeightY, 800000);
+  SetWidthY(program, 35);
+  mnuShoter(program);
+  EXPECT_EQ(view.HeightY, 10);
+  EXPECT_EQ(view.WidthY, 35);
+}
+
 TEST_F(ViewTest, ATypedHeightIsTakenAsItStands) {
   TypeHeight(program, "1234");
   EXPECT_EQ(view.HeightY, 1234);
@@ -155,6 +189,24 @@ TEST_F(ViewTest, ATypedHeightBelowTenCountsDecadesOnTheLogScale) {
   SetLogScale(program, true);
   TypeHeight(program, "4");
   EXPECT_EQ(view.HeightY, 10000);
+}
+
+// The axis takes a height below 10 for decades.
+TEST_F(ViewTest, ATypedHeightIsAtLeastTenCounts) {
+  TypeHeight(program, "5");
+  EXPECT_EQ(view.HeightY, 10);
+  EXPECT_EQ(program.spect.Scale(0).MaxY, 10);
+  SetLogScale(program, true);
+  TypeHeight(program, "0.5");
+  EXPECT_EQ(view.HeightY, 10);
+}
+
+TEST_F(ViewTest, ASpanTypedInDWavelengthQOrAngleCountsChannelsAsMeant) {
+  for (const std::int16_t unit : {3, 4, 5, 6}) {
+    SetDispUnit(program, unit);
+    TypeSpan(program, 500 + unit);
+    EXPECT_EQ(view.SpanCh, 500 + unit);
+  }
 }
 
 TEST_F(ViewTest, ASpanTypedInTheUnitOfTheAxisBecomesChannels) {
@@ -193,6 +245,21 @@ TEST_F(ViewTest, AutoScaleFollowsTheShownRange) {
   SetAutoScale(program, false);
   SetStartCh(program, 0);
   EXPECT_EQ(view.HeightY, 40);
+  SetAutoScale(program, true);
+  EXPECT_EQ(view.HeightY, 800000);
+}
+
+TEST_F(ViewTest, AutoScaleSwitchedOnInAPileCoversTheFirstWindow) {
+  std::vector<std::int32_t> counts(4096, 0);
+  counts[10] = 750000;
+  counts[3000] = 31;
+  Show(counts);
+  view.AutoScale = kFalse;
+  view.PileUpOn = kTrue;
+  view.ExpandOn = kTrue;
+  view.CurWin = 1;
+  SetSpanCh(program, 1000);
+  SetStartCh(program, 2500);
   SetAutoScale(program, true);
   EXPECT_EQ(view.HeightY, 800000);
 }
@@ -247,6 +314,29 @@ TEST_F(CursorTest, ATypedChannelBeyondTheEndIsTheLastOne) {
   EXPECT_EQ(view.CursorCh, 4095);
 }
 
+TEST_F(CursorTest, AFractionIsRoundedHalfToEven) {
+  spnCursor_SpinUpDown(program, "12.5");
+  EXPECT_EQ(view.CursorCh, 12);
+  spnCursor_SpinUpDown(program, "13.5");
+  EXPECT_EQ(view.CursorCh, 14);
+}
+
+TEST_F(CursorTest, PlusOneAtTheChannelCountGivesTheLastChannel) {
+  view.CursorCh = 4096;
+  spnCursor_SpinUpDown(program, "+1");
+  EXPECT_EQ(view.CursorCh, 4095);
+}
+
+TEST_F(CursorTest, ASignMakesAStepOfATypedNumber) {
+  view.CursorCh = 100;
+  spnCursor_SpinUpDown(program, "-1");
+  EXPECT_EQ(view.CursorCh, 99);
+  spnCursor_SpinUpDown(program, "+20");
+  EXPECT_EQ(view.CursorCh, 119);
+  spnCursor_SpinUpDown(program, "20");
+  EXPECT_EQ(view.CursorCh, 20);
+}
+
 TEST_F(CursorTest, WhatIsNoNumberMovesNothing) {
   view.CursorCh = 7;
   spnCursor_SpinUpDown(program, "abc");
@@ -262,6 +352,15 @@ TEST_F(CursorTest, TheViewFollowsTheCursorToBothSides) {
   CsrX_Change(program, 200);
   EXPECT_LE(view.StartCh, 200);
   EXPECT_GE(view.StartCh + view.SpanCh - 1, 200);
+}
+
+// A step is a tenth of the span: 1500 + 100 ends a range of 1000, 400 - 100 begins one.
+TEST_F(CursorTest, TheViewFollowsByTheStepOfTheScrollBar) {
+  SetSpanCh(program, 1000);
+  CsrX_Change(program, 1500);
+  EXPECT_EQ(view.StartCh, 601);
+  CsrX_Change(program, 400);
+  EXPECT_EQ(view.StartCh, 300);
 }
 
 TEST_F(CursorTest, JumpsGoToTheNextPeakOnThatSide) {
