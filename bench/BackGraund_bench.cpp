@@ -14,8 +14,8 @@ class NoDialogs : public Dialogs {
   void Message(std::string_view) override {}
   void CaptionedMessage(std::string_view, std::string_view) override {}
   bool AskYesNo(const Question&) override { return false; }
-  std::vector<std::string> ChooseFilesToOpen(const FileRequest&) override { return {}; }
-  std::optional<std::string> ChooseFileToSave(const FileRequest&) override { return {}; }
+  std::optional<FilesChoice> ChooseFilesToOpen(const FileRequest&) override { return {}; }
+  std::optional<FileChoice> ChooseFileToSave(const FileRequest&) override { return {}; }
   std::optional<Color> ChooseColor(Color) override { return {}; }
 };
 

@@ -35,6 +35,7 @@ RecentFiles::RecentFiles(SettingsStore& store)
     : store_(store), paths_(Cleaned(store.Texts(kRecentFiles))) {}
 
 void RecentFiles::Keep(std::vector<std::string> paths) {
+  if (paths == paths_ && paths == store_.Texts(kRecentFiles)) return;
   paths_ = std::move(paths);
   store_.SetTexts(kRecentFiles, paths_);
   Changed.Fire();
@@ -43,13 +44,13 @@ void RecentFiles::Keep(std::vector<std::string> paths) {
 void RecentFiles::Add(std::string_view path) {
   std::vector<std::string> texts = store_.Texts(kRecentFiles);
   texts.insert(texts.begin(), std::string(path));
-  std::vector<std::string> paths = Cleaned(texts);
-  if (paths != paths_) Keep(std::move(paths));
+  Keep(Cleaned(texts));
 }
 
 void RecentFiles::Remove(std::string_view path) {
   std::vector<std::string> paths = Cleaned(store_.Texts(kRecentFiles));
-  if (std::erase(paths, Absolute(path)) > 0) Keep(std::move(paths));
+  std::erase(paths, Absolute(path));
+  Keep(std::move(paths));
 }
 
 }  // namespace dorvane

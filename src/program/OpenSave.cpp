@@ -111,35 +111,15 @@ void RemoveAllGraphs(Program& program) {
   tlbOperationInit(program.view);
 }
 
-void ReadChosenFiles(Program& program, const std::vector<std::string>& paths) {
-  if (ConfirmUnsaved(program.List()) != 0) return;
-  program.last_selection = paths;
-  const int count = std::min<int>(static_cast<int>(paths.size()), kMostFilesAtOnce);
-  for (int i = 0; i < count; ++i) ReadGraph(program, 0, i, paths[static_cast<std::size_t>(i)]);
-}
-
-}  // namespace
-
-void LoadData(Program& program) {
-  RemoveAllGraphs(program);
-  FileLoad(program);
-}
-
-void LoadData(Program& program, const std::vector<std::string>& paths) {
-  RemoveAllGraphs(program);
-  ReadChosenFiles(program, paths);
-}
-
-void FileLoad(Program& program) {
+// KEPT: one file dialog serves to open and to save, so that both select the filter that either has
+// chosen last, although their filters differ behind the third.
+FileRequest CommonRequest(const Program& program) {
   FileRequest request;
-  request.filter = kOpenFilter;
-  request.several = true;
-  const std::vector<std::string> paths = program.ports.dialogs.ChooseFilesToOpen(request);
-  if (paths.empty()) return;
-  ReadChosenFiles(program, paths);
+  request.filter_index = program.workspace.FilterIndex;
+  return request;
 }
 
-std::int16_t ReadGraph(Program& program, int win_no, int grp_no, const std::string& path) {
+std::int16_t ReadIntoRow(Program& program, int win_no, int grp_no, const std::string& path) {
   Workspace& workspace = program.workspace;
   ViewState& view = program.view;
   const GraphList list = program.List();
@@ -173,6 +153,45 @@ std::int16_t ReadGraph(Program& program, int win_no, int grp_no, const std::stri
   return -1;
 }
 
+void ReadChosenFiles(Program& program, const std::vector<std::string>& paths) {
+  if (ConfirmUnsaved(program.List()) != 0) return;
+  program.last_selection = paths;
+  const int count = std::min<int>(static_cast<int>(paths.size()), kMostFilesAtOnce);
+  for (int i = 0; i < count; ++i) ReadGraph(program, 0, i, paths[static_cast<std::size_t>(i)]);
+}
+
+}  // namespace
+
+void LoadData(Program& program) {
+  RemoveAllGraphs(program);
+  FileLoad(program);
+}
+
+void LoadData(Program& program, const std::vector<std::string>& paths) {
+  RemoveAllGraphs(program);
+  ReadChosenFiles(program, paths);
+}
+
+void FileLoad(Program& program) {
+  FileRequest request = CommonRequest(program);
+  request.filter = kOpenFilter;
+  request.several = true;
+  const auto choice = program.ports.dialogs.ChooseFilesToOpen(request);
+  if (!choice) return;
+  program.workspace.FilterIndex = ToInt16(choice->filter_index);
+  ReadChosenFiles(program, choice->paths);
+}
+
+std::int16_t ReadGraph(Program& program, int win_no, int grp_no, const std::string& path) {
+  const std::int16_t result = ReadIntoRow(program, win_no, grp_no, path);
+  if (result == -1) {
+    program.Listener().FileRead(path);
+  } else {
+    program.Listener().FileNotRead(path);
+  }
+  return result;
+}
+
 std::string ProposedName(const Program& program) {
   const auto& slots = program.workspace.Slots;
   const auto raw = std::find_if(slots.begin(), slots.end(), [](const GraphSlot& slot) {
@@ -188,11 +207,13 @@ void FileSave(Program& program) {
     program.ports.dialogs.Message("No Data");
     return;
   }
-  FileRequest request;
+  FileRequest request = CommonRequest(program);
   request.file_name = ProposedName(program);
   request.filter = kSaveFilter;
-  if (const auto path = program.ports.dialogs.ChooseFileToSave(request))
-    SaveGraphAs(program, *path);
+  const auto choice = program.ports.dialogs.ChooseFileToSave(request);
+  if (!choice) return;
+  program.workspace.FilterIndex = ToInt16(choice->filter_index);
+  SaveGraphAs(program, choice->path);
 }
 
 std::int16_t SaveGraphAs(Program& program, const std::string& path) {
@@ -203,9 +224,13 @@ std::int16_t SaveGraphAs(Program& program, const std::string& path) {
   record.MsuName.Set(parts.Name);
   record.SaveFlag = 1;
   const Writer write = WriterOf(parts.Ext);
-  if (write == nullptr || write(program, path, slot.DataNo) != -1) return 0;
+  if (write == nullptr || write(program, path, slot.DataNo) != -1) {
+    program.Listener().FileNotWritten(path);
+    return 0;
+  }
   slot.State = kRowSaved;
   program.Listener().SelectorFilled();
+  program.Listener().FileWritten(path);
   return -1;
 }
 

@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QTreeView>
+#include <algorithm>
 
 #include "qt/binding/Text.h"
 
@@ -37,6 +38,24 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
       break;
   }
   return QMessageBox::NoIcon;
+}
+
+// "All files" has the index behind the last filter.
+void SelectFilter(QFileDialog& dialog, const FileRequest& request) {
+  const QStringList filters = NameFilters(request.filter);
+  dialog.setNameFilters(filters);
+  const bool known = request.filter_index >= 1 && request.filter_index <= filters.size();
+  dialog.selectNameFilter(filters[known ? request.filter_index - 1 : 0]);
+}
+
+// The dialog answers the whole filter or, where it hides the patterns, the text before them.
+int FilterIndexOf(const QFileDialog& dialog) {
+  const QString selected = dialog.selectedNameFilter();
+  const QStringList filters = dialog.nameFilters();
+  const auto found = std::find_if(filters.begin(), filters.end(), [&](const QString& filter) {
+    return filter == selected || filter.left(filter.lastIndexOf(" (")) == selected;
+  });
+  return found == filters.end() ? 1 : static_cast<int>(found - filters.begin()) + 1;
 }
 
 // The list's own widths cut dates and sizes short. A dialog of the desktop has no such list.
@@ -80,36 +99,37 @@ bool QtDialogs::AskYesNo(const Question& question) {
   return yes;
 }
 
-std::vector<std::string> QtDialogs::ChooseFilesToOpen(const FileRequest& request) {
+std::optional<FilesChoice> QtDialogs::ChooseFilesToOpen(const FileRequest& request) {
   QFileDialog dialog(parent_, "Open Spectra", directory_);
   dialog.setFileMode(request.several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
-  dialog.setNameFilters(NameFilters(request.filter));
+  SelectFilter(dialog, request);
   dialog.resize(kFileDialogSize);
   ShowWholeColumns(dialog);
   last_opened_.clear();
-  if (dialog.exec() != QDialog::Accepted) return {};
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
   for (const QString& path : dialog.selectedFiles()) last_opened_.push_back(ToUtf8(path));
   directory_ = dialog.directory().absolutePath();
-  return last_opened_;
+  return FilesChoice{last_opened_, FilterIndexOf(dialog)};
 }
 
-std::optional<std::string> QtDialogs::ChooseFileToSave(const FileRequest& request) {
+std::optional<FileChoice> QtDialogs::ChooseFileToSave(const FileRequest& request) {
   QFileDialog dialog(parent_, "Save Graph", directory_);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setOption(QFileDialog::DontConfirmOverwrite);  // the writers ask themselves
-  dialog.setNameFilters(NameFilters(request.filter));
+  SelectFilter(dialog, request);
   dialog.resize(kFileDialogSize);
   ShowWholeColumns(dialog);
   dialog.selectFile(ToQString(request.file_name));
   last_saved_.clear();
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
   directory_ = dialog.directory().absolutePath();
-  last_saved_ =
-      ToUtf8(WithExtension(dialog.selectedFiles().constFirst(), dialog.selectedNameFilter()));
-  return last_saved_;
+  const int filter_index = FilterIndexOf(dialog);
+  last_saved_ = ToUtf8(
+      WithExtension(dialog.selectedFiles().constFirst(), dialog.nameFilters()[filter_index - 1]));
+  return FileChoice{last_saved_, filter_index};
 }
 
 std::optional<Color> QtDialogs::ChooseColor(Color start) {

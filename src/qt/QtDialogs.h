@@ -24,8 +24,9 @@ class QtDialogs : public Dialogs {
   void Message(std::string_view text) override;
   void CaptionedMessage(std::string_view caption, std::string_view text) override;
   bool AskYesNo(const Question& question) override;
-  std::vector<std::string> ChooseFilesToOpen(const FileRequest& request) override;
-  std::optional<std::string> ChooseFileToSave(const FileRequest& request) override;
+  // "All files" stands behind the filters of the request.
+  std::optional<FilesChoice> ChooseFilesToOpen(const FileRequest& request) override;
+  std::optional<FileChoice> ChooseFileToSave(const FileRequest& request) override;
   std::optional<Color> ChooseColor(Color start) override;
 
   // Messages and answers of No since the program started.

@@ -21,11 +21,23 @@ struct Question {
   bool no_is_default = true;
 };
 
-// The common file dialog: filters as "Text|pattern|Text|pattern", patterns split at ";".
+// The common file dialog: filters as "Text|pattern|Text|pattern", patterns split at ";". A dialog
+// that has entries of its own behind them counts these on.
 struct FileRequest {
   std::string file_name;
   std::string filter;
   bool several = false;
+  int filter_index = 1;  // entry selected at first, from 1; 0 or out of range: the first
+};
+
+// What was chosen in the file dialog.
+struct FilesChoice {
+  std::vector<std::string> paths;  // whole paths in the order of the selection
+  int filter_index = 1;            // entry selected at the end, from 1
+};
+struct FileChoice {
+  std::string path;  // whole path with its extension
+  int filter_index = 1;
 };
 
 // Everything here is modal: a call returns when the user has answered.
@@ -38,10 +50,9 @@ class Dialogs {
   virtual void CaptionedMessage(std::string_view caption, std::string_view text) = 0;
   // True for Yes. Closing the box is No.
   virtual bool AskYesNo(const Question& question) = 0;
-  // Whole paths in the order of the selection; none after Cancel.
-  virtual std::vector<std::string> ChooseFilesToOpen(const FileRequest& request) = 0;
-  // Whole path with its extension; nothing after Cancel.
-  virtual std::optional<std::string> ChooseFileToSave(const FileRequest& request) = 0;
+  // At least one path; nothing after Cancel.
+  virtual std::optional<FilesChoice> ChooseFilesToOpen(const FileRequest& request) = 0;
+  virtual std::optional<FileChoice> ChooseFileToSave(const FileRequest& request) = 0;
   // The common colour dialog with `start` selected; nothing after Cancel.
   virtual std::optional<Color> ChooseColor(Color start) = 0;
 };

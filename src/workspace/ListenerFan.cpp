@@ -38,6 +38,18 @@ void ListenerFan::GraphShown(int WinNo, int DataNo, bool shown) {
 void ListenerFan::GraphRecolored(int WinNo, int DataNo, Color color) {
   Tell(&WorkspaceListener::GraphRecolored, WinNo, DataNo, color);
 }
+void ListenerFan::FileRead(std::string_view path) {
+  Tell(&WorkspaceListener::FileRead, path);
+}
+void ListenerFan::FileWritten(std::string_view path) {
+  Tell(&WorkspaceListener::FileWritten, path);
+}
+void ListenerFan::FileNotRead(std::string_view path) {
+  Tell(&WorkspaceListener::FileNotRead, path);
+}
+void ListenerFan::FileNotWritten(std::string_view path) {
+  Tell(&WorkspaceListener::FileNotWritten, path);
+}
 void ListenerFan::PeakMarked(int WinNo, int DataNo, const PeakRec& peak) {
   Tell(&WorkspaceListener::PeakMarked, WinNo, DataNo, peak);
 }

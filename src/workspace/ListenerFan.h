@@ -27,6 +27,10 @@ class ListenerFan : public WorkspaceListener {
   void SpectrumRemoved(int WinNo, int DataNo) override;
   void GraphShown(int WinNo, int DataNo, bool shown) override;
   void GraphRecolored(int WinNo, int DataNo, Color color) override;
+  void FileRead(std::string_view path) override;
+  void FileWritten(std::string_view path) override;
+  void FileNotRead(std::string_view path) override;
+  void FileNotWritten(std::string_view path) override;
   void PeakMarked(int WinNo, int DataNo, const PeakRec& peak) override;
   void PeakUnmarked(int WinNo, int DataNo, const PeakRec& peak) override;
   void PeakLinesCleared(int WinNo) override;

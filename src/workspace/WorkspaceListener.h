@@ -27,6 +27,12 @@ class WorkspaceListener {
   virtual void GraphShown(int /*WinNo*/, int /*DataNo*/, bool /*shown*/) {}
   virtual void GraphRecolored(int /*WinNo*/, int /*DataNo*/, Color) {}
 
+  // Files, by the paths that were given.
+  virtual void FileRead(std::string_view /*path*/) {}     // a graph has been made of it
+  virtual void FileWritten(std::string_view /*path*/) {}  // a graph has been saved in it
+  virtual void FileNotRead(std::string_view /*path*/) {}
+  virtual void FileNotWritten(std::string_view /*path*/) {}
+
   // Marks.
   virtual void PeakMarked(int /*WinNo*/, int /*DataNo*/, const PeakRec&) {}
   virtual void PeakUnmarked(int /*WinNo*/, int /*DataNo*/, const PeakRec&) {}

@@ -23,8 +23,8 @@ class YesDialogs : public Dialogs {
   void Message(std::string_view text) override { messages.emplace_back(text); }
   void CaptionedMessage(std::string_view, std::string_view text) override { Message(text); }
   bool AskYesNo(const Question&) override { return true; }
-  std::vector<std::string> ChooseFilesToOpen(const FileRequest&) override { return {}; }
-  std::optional<std::string> ChooseFileToSave(const FileRequest&) override { return {}; }
+  std::optional<FilesChoice> ChooseFilesToOpen(const FileRequest&) override { return {}; }
+  std::optional<FileChoice> ChooseFileToSave(const FileRequest&) override { return {}; }
   std::optional<Color> ChooseColor(Color) override { return {}; }
 };
 

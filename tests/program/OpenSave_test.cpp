@@ -47,7 +47,7 @@ TEST_F(OpenSaveTest, AReadTellsTheViewsInOrder) {
                           "calibration",                                 // of the file
                           "scale 0", "redraw 0", "scale 1", "redraw 1",  // the height
                           "selected 0 0", "redraw 0", "redraw 1", "axis", "cursor", "caption",
-                          "active 0", "axis", "caption", "data type"));
+                          "active 0", "axis", "caption", "data type", "read " + path));
 }
 
 TEST_F(OpenSaveTest, AFailedReadStopsAfterTheReader) {
@@ -234,6 +234,65 @@ TEST_F(OpenSaveTest, TheLastSelectionIsRemembered) {
   dialogs.ExpectOpen(paths);
   FileLoad(program);
   EXPECT_EQ(program.last_selection, paths);
+}
+
+TEST_F(OpenSaveTest, TheDialogOpensWithTheFilterChosenLast) {
+  EXPECT_EQ(workspace.FilterIndex, 1);
+  dialogs.ExpectOpen({NativeFile("a.xbm")}, 3);
+  FileLoad(program);
+  EXPECT_EQ(dialogs.LastRequest().filter_index, 1);
+  EXPECT_EQ(workspace.FilterIndex, 3);
+  dialogs.ExpectOpen({NativeFile("b.xbm")}, 2);
+  FileLoad(program);
+  EXPECT_EQ(dialogs.LastRequest().filter_index, 3);
+  EXPECT_EQ(workspace.FilterIndex, 2);
+}
+
+TEST_F(OpenSaveTest, ACancelledChoiceKeepsTheFilter) {
+  Show({1}, "abc.npd");
+  workspace.FilterIndex = 4;
+  dialogs.ExpectOpen({}, 2);
+  FileLoad(program);
+  dialogs.ExpectSave(std::nullopt, 2);
+  FileSave(program);
+  EXPECT_EQ(workspace.FilterIndex, 4);
+}
+
+TEST_F(OpenSaveTest, TheFilterCountsAlsoWhenTheOpenEndsWithNo) {
+  Show({1}, "old");
+  workspace.Slots[0].State = kRowUnsaved;
+  dialogs.ExpectOpen({NativeFile("a.xbm")}, 3);
+  dialogs.ExpectQuestion("File No Save.  Grp=1 (Do you Cansel?)", false);
+  FileLoad(program);
+  EXPECT_EQ(workspace.FilterIndex, 3);
+}
+
+TEST_F(OpenSaveTest, OpenAndSaveShareTheFilterAsMeant) {
+  Show({1, 2, 3}, "abc.npd");
+  dialogs.ExpectOpen({NativeFile("a.xbm")}, 4);
+  FileLoad(program);
+  dialogs.ExpectSave(folder.Path("out.xbm"), 3);
+  FileSave(program);
+  EXPECT_EQ(dialogs.LastRequest().filter_index, 4);
+  EXPECT_EQ(workspace.FilterIndex, 3);
+}
+
+TEST_F(OpenSaveTest, AFileIsToldByItsPathWhenItHasBeenReadOrWritten) {
+  const std::string path = NativeFile("a.xbm");
+  ReadGraph(program, 0, 0, path);
+  EXPECT_EQ(listener.notices.back(), "read " + path);
+  SaveGraphAs(program, folder.Path("out.xbm"));
+  EXPECT_EQ(listener.notices.back(), "written " + folder.Path("out.xbm"));
+}
+
+TEST_F(OpenSaveTest, AFileThatHasNotBeenWrittenIsNotTold) {
+  Show({1}, "abc.npd");
+  const std::string path = NativeFile("out.xbm");
+  dialogs.ExpectQuestion("File already exist. Replace?(xbm)", false);
+  SaveGraphAs(program, path);
+  SaveGraphAs(program, folder.Path("out.doc"));
+  EXPECT_EQ(listener.Count("written " + path), 0);
+  EXPECT_EQ(listener.Count("written " + folder.Path("out.doc")), 0);
 }
 
 TEST_F(OpenSaveTest, ASaveWithoutAGraphSaysSo) {

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QColorDialog>
+#include <QComboBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QPushButton>
@@ -87,7 +89,7 @@ TEST(MessageBox, ShowsItsTextAsItStands) {
 TEST(OpenDialog, GivesNothingAfterCancel) {
   QtDialogs dialogs;
   QTimer::singleShot(50, [] { QApplication::activeModalWidget()->close(); });
-  EXPECT_TRUE(dialogs.ChooseFilesToOpen(SeveralFiles()).empty());
+  EXPECT_FALSE(dialogs.ChooseFilesToOpen(SeveralFiles()).has_value());
 }
 
 TEST(OpenDialog, GivesWholePaths) {
@@ -98,8 +100,79 @@ TEST(OpenDialog, GivesWholePaths) {
     dialog->findChild<QLineEdit*>("fileNameEdit")->setText("corundum_ambient.npd");
     QMetaObject::invokeMethod(dialog, "accept");
   });
-  const auto paths = dialogs.ChooseFilesToOpen(SeveralFiles());
-  EXPECT_EQ(paths, std::vector<std::string>{kCorundum});
+  const auto choice = dialogs.ChooseFilesToOpen(SeveralFiles());
+  ASSERT_TRUE(choice.has_value());
+  EXPECT_EQ(choice->paths, std::vector<std::string>{kCorundum});
+}
+
+class FileDialogFilterTest : public testing::Test {
+ protected:
+  // Notes the selected filter of the next file dialog, picks another one unless that is empty,
+  // types a name and accepts.
+  void Work(const QString& name, const QString& other = "") {
+    QTimer::singleShot(100, [this, name, other] {
+      auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      auto* filters = dialog->findChild<QComboBox*>("fileTypeCombo");
+      selected = filters->currentText();
+      if (!other.isEmpty()) {
+        filters->setCurrentIndex(filters->findText(other));
+        QMetaObject::invokeMethod(filters, "activated", Q_ARG(int, filters->currentIndex()));
+      }
+      dialog->findChild<QLineEdit*>("fileNameEdit")->setText(name);
+      QMetaObject::invokeMethod(dialog, "accept");
+    });
+  }
+  std::optional<FilesChoice> Open(int filter_index) {
+    dialogs.SetDirectory(QString::fromStdString(kSamples));
+    FileRequest request = SeveralFiles();
+    request.filter_index = filter_index;
+    return dialogs.ChooseFilesToOpen(request);
+  }
+  std::optional<FileChoice> Save(int filter_index) {
+    dialogs.SetDirectory(QDir::tempPath());
+    FileRequest request;
+    request.filter = kSaveFilter;
+    request.filter_index = filter_index;
+    return dialogs.ChooseFileToSave(request);
+  }
+
+  QtDialogs dialogs;
+  QString selected;
+};
+
+TEST_F(FileDialogFilterTest, TheEntryOfTheIndexIsSelectedAndAnswered) {
+  Work("corundum_ambient.npd");
+  const auto choice = Open(3);
+  EXPECT_EQ(selected, "Express File (*.xbm)");
+  ASSERT_TRUE(choice.has_value());
+  EXPECT_EQ(choice->filter_index, 3);
+}
+
+TEST_F(FileDialogFilterTest, AllFilesIsTheEntryBehindTheFilters) {
+  Work("corundum_ambient.npd", "All files");
+  const auto choice = Open(1);
+  ASSERT_TRUE(choice.has_value());
+  EXPECT_EQ(choice->filter_index, 5);
+  Work("corundum_ambient.npd");
+  EXPECT_EQ(Open(5)->filter_index, 5);
+  EXPECT_EQ(selected, "All files");
+}
+
+TEST_F(FileDialogFilterTest, AnIndexThatNoEntryHasSelectsTheFirst) {
+  for (const int index : {-3, 0, 6}) {
+    Work("corundum_ambient.npd");
+    EXPECT_EQ(Open(index)->filter_index, 1);
+    EXPECT_TRUE(selected.startsWith("Nippon high Pressure Data File")) << selected.toStdString();
+  }
+}
+
+TEST_F(FileDialogFilterTest, TheChosenFilterOfASaveIsAnsweredAndGivesItsExtension) {
+  Work("dorvane_no_such_file", "Excel File (*.csv)");
+  const auto choice = Save(3);
+  EXPECT_EQ(selected, "Express File (*.xbm)");
+  ASSERT_TRUE(choice.has_value());
+  EXPECT_EQ(choice->filter_index, 4);
+  EXPECT_TRUE(choice->path.ends_with("/dorvane_no_such_file.csv")) << choice->path;
 }
 
 TEST(ColorDialog, GivesNothingAfterCancel) {

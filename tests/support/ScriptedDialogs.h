@@ -28,11 +28,18 @@ class ScriptedDialogs : public Dialogs {
   void ExpectQuestion(std::string text, bool yes) {
     script_.push_back({.kind = Kind::Question, .text = std::move(text), .yes = yes});
   }
-  void ExpectOpen(std::vector<std::string> answer) {
-    script_.push_back({.kind = Kind::Open, .text = "open", .paths = std::move(answer)});
+  // No paths, or no path: Cancel.
+  void ExpectOpen(std::vector<std::string> answer, int filter_index = 1) {
+    script_.push_back({.kind = Kind::Open,
+                       .text = "open",
+                       .paths = std::move(answer),
+                       .filter_index = filter_index});
   }
-  void ExpectSave(std::optional<std::string> answer) {
-    script_.push_back({.kind = Kind::Save, .text = "save", .path = std::move(answer)});
+  void ExpectSave(std::optional<std::string> answer, int filter_index = 1) {
+    script_.push_back({.kind = Kind::Save,
+                       .text = "save",
+                       .path = std::move(answer),
+                       .filter_index = filter_index});
   }
 
   void ExpectColor(std::optional<Color> answer) {
@@ -58,13 +65,17 @@ class ScriptedDialogs : public Dialogs {
     EXPECT_EQ(step.text, question.text);
     return step.yes;
   }
-  std::vector<std::string> ChooseFilesToOpen(const FileRequest& request) override {
+  std::optional<FilesChoice> ChooseFilesToOpen(const FileRequest& request) override {
     last_request_ = request;
-    return Next(Kind::Open, request.filter).paths;
+    const Step step = Next(Kind::Open, request.filter);
+    if (step.paths.empty()) return {};
+    return FilesChoice{step.paths, step.filter_index};
   }
-  std::optional<std::string> ChooseFileToSave(const FileRequest& request) override {
+  std::optional<FileChoice> ChooseFileToSave(const FileRequest& request) override {
     last_request_ = request;
-    return Next(Kind::Save, request.file_name).path;
+    const Step step = Next(Kind::Save, request.file_name);
+    if (!step.path) return {};
+    return FileChoice{*step.path, step.filter_index};
   }
 
   std::optional<Color> ChooseColor(Color start) override {
@@ -82,6 +93,7 @@ class ScriptedDialogs : public Dialogs {
     bool yes = false;
     std::vector<std::string> paths = {};
     std::optional<std::string> path = {};
+    int filter_index = 1;
     std::optional<dorvane::Color> color = {};
   };
 

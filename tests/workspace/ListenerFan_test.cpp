@@ -44,6 +44,10 @@ void TellAll(WorkspaceListener& listener) {
   listener.SpectrumRemoved(0, 5);
   listener.GraphShown(1, 6, true);
   listener.GraphRecolored(1, 7, 0xFF);
+  listener.FileRead("/data/a.npd");
+  listener.FileWritten("/data/b.npd");
+  listener.FileNotRead("/data/c.npd");
+  listener.FileNotWritten("/data/d.npd");
   listener.PeakMarked(0, 8, peak);
   listener.PeakUnmarked(0, 9, peak);
   listener.PeakLinesCleared(1);

@@ -29,6 +29,10 @@ class RecordingListener : public WorkspaceListener {
   void SpectrumRemoved(int win, int data) override { Put("removed", win, data); }
   void GraphShown(int win, int data, bool shown) override { Put(shown ? "on" : "off", win, data); }
   void GraphRecolored(int win, int data, Color) override { Put("colour", win, data); }
+  void FileRead(std::string_view path) override { PutPath("read", path); }
+  void FileWritten(std::string_view path) override { PutPath("written", path); }
+  void FileNotRead(std::string_view path) override { PutPath("not read", path); }
+  void FileNotWritten(std::string_view path) override { PutPath("not written", path); }
   void PeakMarked(int win, int data, const PeakRec&) override { Put("peak", win, data); }
   void PeakUnmarked(int win, int data, const PeakRec&) override { Put("no peak", win, data); }
   void PeakLinesCleared(int win) override { Put("no peak lines", win); }
@@ -61,6 +65,9 @@ class RecordingListener : public WorkspaceListener {
   void Put(const char* name, int number, int second) {
     Put(name, number);
     notices.back() += " " + std::to_string(second);
+  }
+  void PutPath(const char* name, std::string_view path) {
+    notices.push_back(std::string(name) + " " + std::string(path));
   }
   void PutRange(const char* name, int win, int data, int start, int end) {
     Put(name, win, data);
