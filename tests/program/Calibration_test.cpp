@@ -47,6 +47,14 @@ TEST_F(CalibrationTest, TheCursorJumpsToTheNearestPeakAndGivesItsCentre) {
   EXPECT_EQ(view.CursorExact, 300.75);
 }
 
+TEST_F(CalibrationTest, OfTwoPeaksAsNearTheLeftOneIsTaken) {
+  Show(std::vector<std::int32_t>(1000, 1));
+  AddPeak(100);
+  AddPeak(300);
+  CsrX_Change(program, 200);
+  EXPECT_EQ(CsrChannel(program), 100);
+}
+
 TEST_F(CalibrationTest, WithoutAPeakTheCursorStaysAndTheChannelIsNegative) {
   Show(std::vector<std::int32_t>(1000, 1));
   CsrX_Change(program, 210);

@@ -68,6 +68,23 @@ TEST_F(WindowStyleTest, LineUpGivesEveryGraphItsWindowBack) {
   EXPECT_EQ(view.WinStyleOld, kPileUpSwitched);
 }
 
+TEST_F(WindowStyleTest, AnotherStyleIsScaledAnewWithTheAutomaticScale) {
+  Show({450, 2}, "a.npd");
+  for (const bool on : {true, false}) {
+    SetYHeight(program, 0, 80, false);
+    chkWinStyle_Click(program, on);
+    EXPECT_EQ(view.HeightY, 500) << on;
+  }
+}
+
+TEST_F(WindowStyleTest, WithoutTheAutomaticScaleTheHeightStaysInEveryStyle) {
+  Show({450, 2}, "a.npd");
+  view.AutoScale = kFalse;
+  SetYHeight(program, 0, 80, false);
+  chkWinStyle_Click(program, true);
+  EXPECT_EQ(view.HeightY, 80);
+}
+
 TEST_F(WindowStyleTest, PilingUpWithOneGraphKeepsTheSelection) {
   Show({1, 2}, "a.npd");
   view.SelectedRow[1] = 0;
