@@ -7,7 +7,6 @@
 namespace dorvane {
 namespace {
 
-constexpr int kScrollStep = 10;  // channels
 constexpr std::int32_t kStartHeight = 10000000;
 
 // The label of the height. The height at start shows as the logarithmic axis does.
@@ -94,11 +93,12 @@ void ScalePanel::Refresh() {
   work_.Fill([&] {
     hsbStartX.SetRange(0, program.workspace.MaxCh);
     const int span = static_cast<int>(view.SpanCh);
-    if (hsbStartX.LargeChange() != span) hsbStartX.SetSteps(kScrollStep, span);
+    if (hsbStartX.LargeChange() != span) {
+      hsbStartX.SetSteps(static_cast<int>(ScrollStep(program)), span);
+    }
     hsbStartX.SetValue(static_cast<int>(view.StartCh));
     imnSpanCh.SetValue(view.SpanCh);
     inumScaleX.SetPicture(view.DispUnit == kUnitCh ? "####0" : "0.000");
-    inumScaleX.SetEnabled(view.DispUnit <= kUnitEv);
     inumScaleX.SetValue(SpanInUnit(program));
     cboUnitX.SetIndex(view.DispUnit);
     hsbWidthY.SetValue(view.WidthY);

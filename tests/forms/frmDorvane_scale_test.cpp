@@ -35,6 +35,12 @@ TEST_F(ScalePanelTest, TheScrollBarMovesTheFirstChannel) {
   EXPECT_EQ(program.spect.Scale(0).StartX, 500);
 }
 
+TEST_F(ScalePanelTest, AnArrowOfTheScrollBarGoesATenthOfTheSpanAndAPageAllOfIt) {
+  scale.imnSpanCh.Type("1000");
+  EXPECT_EQ(scale.hsbStartX.SmallChange(), 100);
+  EXPECT_EQ(scale.hsbStartX.LargeChange(), 1000);
+}
+
 TEST_F(ScalePanelTest, AScrollPastTheLastRangeComesBack) {
   scale.imnSpanCh.Type("1000");
   scale.hsbStartX.SetValue(4096);
@@ -84,6 +90,16 @@ TEST_F(ScalePanelTest, ASpanTypedInKeVIsConvertedToChannels) {
   EXPECT_EQ(view.SpanCh, 1000);
   EXPECT_EQ(scale.imnSpanCh.Value(), 1000);
   EXPECT_EQ(program.spect.Scale(0).WidthX, 1000);
+}
+
+TEST_F(ScalePanelTest, ASpanTypedInDWavelengthQOrAngleCountsChannelsAsMeant) {
+  ShowSpectrum();
+  for (const int unit : {kUnitD, kUnitWave, kUnitQ, kUnit2Theta}) {
+    scale.cboUnitX.SetIndex(unit);
+    EXPECT_TRUE(scale.inumScaleX.Enabled());
+    scale.inumScaleX.Type(std::to_string(500 + unit));
+    EXPECT_EQ(scale.imnSpanCh.Value(), 500 + unit);
+  }
 }
 
 TEST_F(ScalePanelTest, TheUnitFollowsTheChosenCalibration) {
@@ -187,6 +203,21 @@ TEST_F(ScalePanelTest, ANarrowedRangeIsScaledAnewWithTheAutomaticScale) {
   EXPECT_EQ(view.HeightY, 8000);
   scale.cmdWider.Press();
   EXPECT_EQ(view.HeightY, 10);
+}
+
+TEST_F(ScalePanelTest, WiderAndNarrowerEntriesChangeTheSpan) {
+  Menu("mnuWider").Choose();
+  EXPECT_EQ(scale.imnSpanCh.Value(), 2048);
+  Menu("mnuNarrower").Choose();
+  EXPECT_EQ(scale.imnSpanCh.Value(), 4096);
+}
+
+TEST_F(ScalePanelTest, TheLogEntrySwitchesTheBox) {
+  Menu("mnuLogarithmic").Choose();
+  EXPECT_TRUE(scale.ckbLogScale.Checked());
+  EXPECT_EQ(program.spect.Scale(1).YMode, kLogarithmic);
+  Menu("mnuLogarithmic").Choose();
+  EXPECT_FALSE(scale.ckbLogScale.Checked());
 }
 
 TEST_F(ScalePanelTest, TallerAndShorterEntriesStepTheScrollBar) {
