@@ -300,6 +300,22 @@ TEST_F(MainEndTest, TheStartShowsTheDefaultsOfTheProgramsFiles) {
   EXPECT_EQ(workspace.GrpCount, 0);
 }
 
+TEST_F(MainEndTest, TheNaxFamilyIsCheckedAtTheStart) {
+  EXPECT_TRUE(Menu("mnuNaxFit").Checked());
+  EXPECT_FALSE(Menu("mnuExpressFit").Checked());
+}
+
+TEST_F(MainEndTest, TheOtherFormsAreHiddenBeforeTheFilesAreWritten) {
+  Form other(host, "frmLog", "Log");
+  form.Attach("ShowLog", other, [&other] { other.Show(); });
+  other.Show();
+  bool written = true;
+  other.Shown.Connect([&] { written = folder.Has("syspara_a.xpr"); });
+  form.commands.Run("Exit");
+  EXPECT_FALSE(written);
+  EXPECT_TRUE(folder.Has("Dorvane.ini"));
+}
+
 TEST_F(MainEndTest, ClosingNeverHidesTheFormByItself) {
   form.Show();
   form.QueryClose();

@@ -204,6 +204,14 @@ TEST_F(frmSelGraphTest, AClickMakesTheRowCurrent) {
   EXPECT_THAT(Marked(), ElementsAre(1));
 }
 
+TEST_F(frmSelGraphTest, AClickNamesTheGraphInTheCaptionsOfTheMainForm) {
+  Show({1, 2}, "a.npd");
+  Show({1, 2}, "b.npd");
+  form.sprGraphSel.PressCell(1, 4);
+  EXPECT_EQ(view.Caption, "Dorvane (Data Analyze) --- a.npd");
+  EXPECT_EQ(view.CloseGraphCaption, "Close Graph(a.npd)");
+}
+
 TEST_F(frmSelGraphTest, AClickOnTheCheckColumnIsNoSelection) {
   Show({1, 2}, "a.npd");
   Show({1, 2}, "b.npd");
