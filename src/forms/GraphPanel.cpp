@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "forms/CursorPanel.h"
 #include "program/View.h"
 #include "program/WholeRange.h"
 #include "workspace/Colors.h"
@@ -163,8 +164,10 @@ Overlay GraphPanel::OverlayOf(int win_no, CursorForm form) const {
   overlay.CursorOn = ShowsGraph(program, win_no) && view.FilePile[win_no] != kFalse;
   overlay.Form = form;
   overlay.CursorChannel = view.CursorExact;
-  const auto& block = program.workspace.Channels[view.DataNo];
-  if (view.CursorCh < block.Count) overlay.CursorCount = block.Counts[view.CursorCh];
+  if (const GraphSlot* slot = CountedGraph(program, win_no)) {
+    const auto& block = program.workspace.Channels[slot->DataNo];
+    if (view.CursorCh < block.Count) overlay.CursorCount = block.Counts[view.CursorCh];
+  }
   overlay.CursorColor = colors[kColorCursor];
   overlay.Area = {view.AreaOn != kFalse && view.CurWin == win_no, view.AreaStart, view.AreaEnd,
                   colors[kColorArea]};
