@@ -14,18 +14,22 @@ namespace {
 constexpr std::array<std::int16_t, 5> kReadoutUnits = {kUnitKeV, kUnitD, kUnitWave, kUnitQ,
                                                        kUnit2Theta};
 
-// The graph whose count a window shows at the cursor; nullptr where there is none.
+// The first window holds all graphs of a pile.
+bool IsIn(const ViewState& view, int win_no, const GraphSlot& slot) {
+  return view.PileUpOn != kFalse ? win_no == 0 : slot.WinNo == win_no;
+}
+
+}  // namespace
+
 const GraphSlot* CountedGraph(const Program& program, int win_no) {
   const ViewState& view = program.view;
   if (view.FilePile[win_no] == kFalse) return nullptr;
   const bool expanded = view.ExpandOn != kFalse;
   const GraphSlot& slot =
       program.workspace.Slots[expanded ? 0 : std::max<int>(view.SelectedRow[win_no], 0)];
-  const bool here = expanded || slot.WinNo == win_no;
+  const bool here = expanded || IsIn(view, win_no, slot);
   return slot.State != kRowEmpty && here ? &slot : nullptr;
 }
-
-}  // namespace
 
 CursorPanel::CursorPanel(PanelWork& work)
     : work_(work),

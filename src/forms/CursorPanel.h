@@ -9,6 +9,10 @@
 
 namespace dorvane {
 
+// The graph of which a window shows the cursor's count: its current row, in Expand mode row 0;
+// nullptr where there is none.
+const GraphSlot* CountedGraph(const Program& program, int win_no);
+
 class CursorPanel {
  public:
   explicit CursorPanel(PanelWork& work);

@@ -1,6 +1,7 @@
 #include "forms/MainFormFixture.h"
 #include "processing/Units.h"
 #include "program/Cursor.h"
+#include "program/MoveGraph.h"
 #include "support/NumberText.h"
 
 namespace dorvane {
@@ -109,6 +110,16 @@ TEST_F(CursorPanelTest, AnExpansionCountsTheFirstRow) {
   EXPECT_EQ(cursor.inumCursorCnt[1].Text(), "9");
 }
 
+TEST_F(CursorPanelTest, ThePileCountsTheGraphsOfBothWindowsInTheFirst) {
+  ShowSpectrum("a.npd", 7);
+  MoveGraph(program, 0, 1);
+  form.style.chkWinStyle.SetChecked(true);
+  form.style.ckbExpand.SetChecked(false);
+  EXPECT_EQ(view.PileUpOn, kTrue);
+  EXPECT_EQ(cursor.inumCursorCnt[0].Text(), "7");
+  EXPECT_EQ(cursor.inumCursorCnt[1].Text(), "");
+}
+
 TEST_F(CursorPanelTest, AWindowThatDoesNotPileShowsNoCount) {
   ShowSpectrum();
   form.style.chkFilePile[0].SetChecked(false);
@@ -165,6 +176,17 @@ TEST_F(CursorPanelTest, TheCursorTakesTheFormThatIsChosen) {
   cursor.chkCsrType.SetChecked(true);
   EXPECT_EQ(form.OverlayOf(0).Form, CursorForm::Cross);
   EXPECT_EQ(form.OverlayOf(0).CursorCount, 5);
+}
+
+TEST_F(CursorPanelTest, TheCrossStandsAtTheCountOfItsWindowsGraph) {
+  ShowSpectrum("a.npd", 7);
+  ShowSpectrum("b.npd", 9);
+  MoveGraph(program, 1, 1);
+  TypeCursor("3");
+  EXPECT_EQ(form.OverlayOf(0).CursorCount, 7);
+  EXPECT_EQ(form.OverlayOf(1).CursorCount, 9);
+  form.style.ckbExpand.SetChecked(true);
+  EXPECT_EQ(form.OverlayOf(1).CursorCount, 7);
 }
 
 // Keys.
