@@ -4,6 +4,7 @@
 #include <array>
 
 #include "forms/KeyTable.h"
+#include "processing/Units.h"
 
 namespace dorvane {
 namespace {
@@ -27,23 +28,34 @@ bool FitsNax(const Program& program) {
   return !FitsExpress(program);
 }
 
-constexpr std::array kMenus{
+template <std::int16_t Unit>
+bool ShowsIn(const Program& program) {
+  return program.view.DispUnit == Unit;
+}
+template <std::int16_t Unit>
+MenuRow UnitRow(std::string_view name) {
+  return {name, UnitComboTexts()[Unit], "mnuUnit", "", "", "", ShowsIn<Unit>};
+}
+
+const std::array kMenus{
     MenuRow{"mnuFile", "&File", "", "", "", "", nullptr},
     MenuRow{"mnuLoad", "&Open...", "mnuFile", "Ctrl+O", "LoadData", "Open spectra", nullptr},
+    MenuRow{"mnuRecent", "Recen&t Files", "mnuFile", "", kSubmenu, "Files read or saved last",
+            nullptr},
     MenuRow{"mnuSave", "&Save...", "mnuFile", "Ctrl+S", "SaveData", "Save the current graph",
             nullptr},
-    MenuRow{"mnuCloseGraph", "Close Graph()", "mnuFile", "Ctrl+W", "", "Close the current graph",
-            nullptr},
-    MenuRow{"mnuCloseWin_0", "Close Window1", "mnuFile", "", "", kNoActionTip, nullptr},
-    MenuRow{"mnuCloseWin_1", "Close Window2", "mnuFile", "", "", kNoActionTip, nullptr},
+    MenuRow{"mnuCloseGraph", "&Close Graph()", "mnuFile", "Ctrl+W", "", "Close the current graph",
+            nullptr, kSeparated},
+    MenuRow{"mnuCloseWin_0", "Close Window&1", "mnuFile", "", "", kNoActionTip, nullptr},
+    MenuRow{"mnuCloseWin_1", "Close Window&2", "mnuFile", "", "", kNoActionTip, nullptr},
     MenuRow{"mnuDelAll", "Clear &All and Reload...", "mnuFile", "", "DelAll",
             "Clear all data and read the first file again", nullptr},
-    MenuRow{"mnuProperty", "P&roperty...", "mnuFile", "", "Property", "", nullptr},
+    MenuRow{"mnuProperty", "P&roperty...", "mnuFile", "", "Property", "", nullptr, kSeparated},
     MenuRow{"mnuPrint", "&Print...", "mnuFile", "Ctrl+P", "Printer", "Print the current graph",
             nullptr},
     MenuRow{"mnuEditCrystalFile", "&Edit Crystal File...", "mnuFile", "", "",
             "Crystal library in the text editor", nullptr},
-    MenuRow{"mnuExit", "E&xit", "mnuFile", "Ctrl+Q", "Exit", "", nullptr},
+    MenuRow{"mnuExit", "E&xit", "mnuFile", "Ctrl+Q", "Exit", "", nullptr, kSeparated},
 
     MenuRow{"mnuGraph", "&Graph", "", "", "", "", nullptr},
     MenuRow{"mnuGraphRaw", "&Raw Graph", "mnuGraph", "Ctrl+1", "", "Select the raw graph", nullptr},
@@ -61,8 +73,9 @@ constexpr std::array kMenus{
     MenuRow{"mnuBackGround", "&Background", "mnuCalc", "F6", "BackGround",
             "Background, and the graph without it", nullptr},
     MenuRow{"mnuCalcSpect", "Graph &Arithmetic...", "mnuCalc", "", "CalcSpect", "", nullptr},
-    MenuRow{"mnuCons", "&Calibration...", "mnuCalc", "", "Calib", "Energy calibration", nullptr},
-    MenuRow{"mnuSetCons", "S&ettings...", "mnuCalc", "", "CalSet", "", nullptr},
+    MenuRow{"mnuCons", "&Calibration...", "mnuCalc", "", "Calib", "Energy calibration", nullptr,
+            kSeparated},
+    MenuRow{"mnuSetCons", "S&ettings...", "mnuCalc", "", "CalSet", "", nullptr, kSeparated},
     MenuRow{"mnuDispPara", "&Display Parameters...", "mnuCalc", "", "", "", nullptr},
     MenuRow{"mnuColor", "C&olours...", "mnuCalc", "", "", "", nullptr},
     MenuRow{"mnuPeakColor", "&Peak Colours...", "mnuCalc", "", "", "", nullptr},
@@ -73,24 +86,25 @@ constexpr std::array kMenus{
     MenuRow{"mnuPeakIns", "&Insert Peak", "mnuPeak", "Ins", "MkIns",
             "Insert the peaks of the area, or the one at the cursor", nullptr},
     MenuRow{"mnuInputFitParameter", "&Type a Peak...", "mnuPeak", "", "", "", nullptr},
-    MenuRow{"mnuAutoFit", "Auto F&it", "mnuPeak", "", "AutoFit", "", nullptr},
+    MenuRow{"mnuAutoFit", "A&uto Fit", "mnuPeak", "", "AutoFit", "", nullptr, kSeparated},
     MenuRow{"mnuFittingAll", "Fit A&ll", "mnuPeak", "F8", "AllFit",
             "Fit the peaks of the whole range", nullptr},
     MenuRow{"mnuFitting", "&Fit", "mnuPeak", "Ctrl+F", "Fit",
             "Fit the peaks of the area, or the one at the cursor", nullptr},
     MenuRow{"mnuPeakSep", "&Split", "mnuPeak", "", "Split", "", nullptr},
     MenuRow{"mnuManFit", "&Manual Fit...", "mnuPeak", "", "ManFit", "", nullptr},
-    MenuRow{"mnuExpressFit", "ExpressFitting", "mnuPeak", "", "", "", FitsExpress},
-    MenuRow{"mnuNaxFit", "NaxFitting", "mnuPeak", "", "NaxAllFit", "", FitsNax},
-    MenuRow{"mnuNaxManualFit", "Nax Man&ual Fit...", "mnuPeak", "", "NaxManualFit", "", nullptr},
+    MenuRow{"mnuExpressFit", "&ExpressFitting", "mnuPeak", "", "", "", FitsExpress, kSeparated},
+    MenuRow{"mnuNaxFit", "NaxFittin&g", "mnuPeak", "", "NaxAllFit", "", FitsNax},
+    MenuRow{"mnuNaxManualFit", "Na&x Manual Fit...", "mnuPeak", "", "NaxManualFit", "", nullptr},
     MenuRow{"mnuPeakDelete", "&Delete Peaks...", "mnuPeak", "Del", "MkDel",
-            "Delete the peaks of the area, or the one at the cursor", nullptr},
+            "Delete the peaks of the area, or the one at the cursor", nullptr, kSeparated},
     MenuRow{"mnuPeakAllDelete", "Delete without as&king", "mnuPeak", "Shift+Del", "", "", nullptr},
-    MenuRow{"mnuPeakJumpB", "&Previous Peak", "mnuPeak", "Alt+Left", "JmpLeft", "", nullptr},
+    MenuRow{"mnuPeakJumpB", "&Previous Peak", "mnuPeak", "Alt+Left", "JmpLeft", "", nullptr,
+            kSeparated},
     MenuRow{"mnuPeakJumpN", "&Next Peak", "mnuPeak", "Alt+Right", "JmpRight", "", nullptr},
     MenuRow{"mnuAreaCursor", "A&rea Cursor", "mnuPeak", "Ctrl+R", "AreaCursor",
             "Area cursor: drag over the graph to mark a range", IsOn<&ViewState::AreaOn>},
-    MenuRow{"mnuPeakReport", "Rep&ort...", "mnuPeak", "", "Report", "", nullptr},
+    MenuRow{"mnuPeakReport", "Rep&ort...", "mnuPeak", "", "Report", "", nullptr, kSeparated},
     MenuRow{"mnuLattice", "&hkl, Lattice and Pressure...", "mnuPeak", "", "hkl", "", nullptr},
 
     MenuRow{"mnuRoi", "&Regions", "", "", "", "", nullptr},
@@ -98,10 +112,11 @@ constexpr std::array kMenus{
             "Add a region from the area cursor, or between start and end", nullptr},
     MenuRow{"mnuRoiDelete", "&Delete Region", "mnuRoi", "Ctrl+Del", "RoiDel",
             "Delete the region at the cursor", nullptr},
-    MenuRow{"mnuRoiStart", "&Start at Cursor", "mnuRoi", "Ctrl+[", "", "Start of a region",
-            nullptr},
+    MenuRow{"mnuRoiStart", "&Start at Cursor", "mnuRoi", "Ctrl+[", "", "Start of a region", nullptr,
+            kSeparated},
     MenuRow{"mnuRoiEnd", "&End at Cursor", "mnuRoi", "Ctrl+]", "", "End of a region", nullptr},
-    MenuRow{"mnuRoiJumpB", "&Previous Region", "mnuRoi", "Ctrl+Left", "RoiJmpLeft", "", nullptr},
+    MenuRow{"mnuRoiJumpB", "&Previous Region", "mnuRoi", "Ctrl+Left", "RoiJmpLeft", "", nullptr,
+            kSeparated},
     MenuRow{"mnuRoiJumpN", "&Next Region", "mnuRoi", "Ctrl+Right", "RoiJmpRight", "", nullptr},
 
     MenuRow{"mnuView", "&View", "", "", "", "", nullptr},
@@ -115,11 +130,20 @@ constexpr std::array kMenus{
             nullptr},
     MenuRow{"mnuShoter", "&Shorter Scale", "mnuView", "", "", "Shorter scale, larger curves (Down)",
             nullptr},
-    MenuRow{"mnuWider", "&Wider", "mnuView", "", "", "Half of the range (key pad +)", nullptr},
+    MenuRow{"mnuWider", "&Wider", "mnuView", "", "", "Half of the range (key pad +)", nullptr,
+            kSeparated},
     MenuRow{"mnuNarrower", "&Narrower", "mnuView", "", "", "Twice the range (key pad -)", nullptr},
     MenuRow{"mnuWhole", "W&hole Spectrum", "mnuView", "Home", "", "Show the whole spectrum",
             nullptr},
-    MenuRow{"mnuLine", "L&ine", "mnuView", "", "", "Draw lines", DrawsIn<kDrawLine>},
+    MenuRow{"mnuUnit", "&Unit", "mnuView", "", kSubmenu, "Unit of the axis", nullptr},
+    UnitRow<kUnitCh>("mnuUnit_0"),
+    UnitRow<kUnitKeV>("mnuUnit_1"),
+    UnitRow<kUnitEv>("mnuUnit_2"),
+    UnitRow<kUnitD>("mnuUnit_3"),
+    UnitRow<kUnitWave>("mnuUnit_4"),
+    UnitRow<kUnitQ>("mnuUnit_5"),
+    UnitRow<kUnit2Theta>("mnuUnit_6"),
+    MenuRow{"mnuLine", "L&ine", "mnuView", "", "", "Draw lines", DrawsIn<kDrawLine>, kSeparated},
     MenuRow{"mnuPaint", "&Paint", "mnuView", "", "", "Draw filled curves", DrawsIn<kDrawPaint>},
     MenuRow{"mnuDot", "&Dot", "mnuView", "", "", "Draw dots", DrawsIn<kDrawDot>},
 
@@ -128,9 +152,10 @@ constexpr std::array kMenus{
             "The lower window shows a part of the upper one", IsOn<&ViewState::ExpandOn>},
     MenuRow{"mnuExpandOff", "Expand O&ff", "mnuWindow", "Shift+F9", "Expand",
             "The lower window shows its own curves", IsOff<&ViewState::ExpandOn>},
-    MenuRow{"mnuWinType_0", "Line Up Graaph", "mnuWindow", "", "", "", IsOff<&ViewState::PileUpOn>},
-    MenuRow{"mnuWinType_1", "Pile Up Graph", "mnuWindow", "", "", "", IsOn<&ViewState::PileUpOn>},
-    MenuRow{"mnuSelGraph", "&Graph Select...", "mnuWindow", "", "", "", nullptr},
+    MenuRow{"mnuWinType_0", "Line &Up Graaph", "mnuWindow", "", "", "", IsOff<&ViewState::PileUpOn>,
+            kSeparated},
+    MenuRow{"mnuWinType_1", "&Pile Up Graph", "mnuWindow", "", "", "", IsOn<&ViewState::PileUpOn>},
+    MenuRow{"mnuSelGraph", "&Graph Select...", "mnuWindow", "", "", "", nullptr, kSeparated},
     MenuRow{"mnuRoiReport", "&ROI Report...", "mnuWindow", "", "", "", nullptr},
     MenuRow{"mnuLogText", "&Log...", "mnuWindow", "", "ShowLog", "Messages of the program",
             nullptr},
@@ -139,14 +164,13 @@ constexpr std::array kMenus{
     MenuRow{"mnuInfo", "&Help", "", "", "", "", nullptr},
     MenuRow{"mnuHelp", "&Help", "mnuInfo", "F1", "", "", nullptr},
     MenuRow{"mnuKeys", "&Keys...", "mnuInfo", "Shift+F1", "", "List of all keys", nullptr},
-    MenuRow{"mnuVersion", "Dorvane Ver 1.2004.01.05", "mnuInfo", "", "", "", nullptr},
+    MenuRow{"mnuVersion", "Dorvane &Ver 1.2004.01.05", "mnuInfo", "", "", "", nullptr, kSeparated},
 };
 
+// Without the mark of its mnemonic and without the points that announce a dialog.
 std::string PlainCaption(std::string_view caption) {
-  std::string plain;
-  for (const char c : caption) {
-    if (c != '&' && c != '.') plain += c;
-  }
+  std::string plain(caption.substr(0, caption.find("...")));
+  std::erase(plain, '&');
   return plain;
 }
 

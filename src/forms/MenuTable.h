@@ -12,6 +12,10 @@ namespace dorvane {
 // Tip of an entry that stands there without an action.
 constexpr std::string_view kNoActionTip = "Has no action";
 
+// Command of a menu that hangs below another one.
+constexpr std::string_view kSubmenu = ">";
+constexpr bool kSeparated = true;
+
 struct MenuRow {
   std::string_view name;
   std::string_view caption;
@@ -20,9 +24,13 @@ struct MenuRow {
   std::string_view command;  // key of the command; empty: the entry's own name
   std::string_view tip;
   bool (*checked)(const Program&);  // nullptr: no check mark
+  bool separated = false;           // a line stands before the entry
 };
 
 std::span<const MenuRow> MenuTable();
+inline bool IsMenu(const MenuRow& row) {
+  return row.parent.empty() || row.command == kSubmenu;
+}
 inline std::string_view CommandOf(const MenuRow& row) {
   return row.command.empty() ? row.name : row.command;
 }

@@ -8,10 +8,11 @@
 namespace dorvane {
 
 MenuItem::MenuItem(ControlList& controls, std::string name, std::string caption, MenuItem* parent,
-                   std::string key)
+                   std::string key, bool separated)
     : Control(controls, std::move(name), std::move(caption)),
       parent_(parent),
-      key_(std::move(key)) {}
+      key_(std::move(key)),
+      separated_(separated) {}
 
 void MenuItem::Accept(ControlVisitor& visitor) {
   visitor.Visit(*this);
@@ -20,6 +21,12 @@ void MenuItem::Accept(ControlVisitor& visitor) {
 void MenuItem::SetChecked(bool checked) {
   const bool was_checkable = std::exchange(checkable_, true);
   if (!Store(checked_, checked) && !was_checkable) Shown.Fire();
+}
+
+std::string WithoutMnemonic(std::string_view text) {
+  std::string plain;
+  for (const char c : text) plain += c == '&' ? "&&" : std::string(1, c);
+  return plain;
 }
 
 ToolBar::ToolBar(ControlList& controls, std::string name, std::vector<ToolButton> buttons)

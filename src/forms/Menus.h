@@ -13,12 +13,13 @@ namespace dorvane {
 // An entry of a menu, or a menu when others hang below it.
 class MenuItem : public Control {
  public:
-  // `key` is a key sequence as "Ctrl+O"; empty for none.
+  // `key` is a key sequence as "Ctrl+O"; empty for none. A separated entry stands below a line.
   MenuItem(ControlList& controls, std::string name, std::string caption, MenuItem* parent = nullptr,
-           std::string key = "");
+           std::string key = "", bool separated = false);
   void Accept(ControlVisitor& visitor) override;
   MenuItem* Parent() const { return parent_; }
   const std::string& Key() const { return key_; }
+  bool Separated() const { return separated_; }
   bool Checkable() const { return checkable_; }
   bool Checked() const { return checked_; }
   void SetChecked(bool checked);  // makes it checkable; no event
@@ -28,9 +29,13 @@ class MenuItem : public Control {
  private:
   MenuItem* parent_;
   std::string key_;
+  bool separated_;
   bool checkable_ = false;
   bool checked_ = false;
 };
+
+// A text in which "&" stands for itself, not for a mnemonic.
+std::string WithoutMnemonic(std::string_view text);
 
 struct ToolButton {
   std::string key{};

@@ -1,6 +1,7 @@
 #include "forms/MenusPanel.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "forms/EnableRules.h"
 #include "forms/MenuTable.h"
@@ -11,7 +12,8 @@ MenusPanel::MenusPanel(PanelWork& work, FormCommands& commands) : work_(work), c
   for (const MenuRow& row : MenuTable()) {
     MenuItem& item =
         items_.emplace_back(work.controls, std::string(row.name), std::string(row.caption),
-                            Find(row.parent), std::string(row.key));
+                            Find(row.parent), std::string(row.key), row.separated);
+    if (IsMenu(row)) continue;
     item.Click.Connect([this, &item, &row] {
       if (item.Enabled()) commands_.Run(CommandOf(row));
     });
@@ -29,11 +31,17 @@ MenuItem* MenusPanel::Find(std::string_view name) {
   return found == items_.end() ? nullptr : &*found;
 }
 
+MenuItem& MenusPanel::At(std::string_view name) {
+  MenuItem* item = Find(name);
+  if (item == nullptr) throw std::out_of_range("no menu entry " + std::string(name));
+  return *item;
+}
+
 void MenusPanel::ShowTips() {
   for (std::size_t i = 0; i < items_.size(); ++i) {
     const MenuRow& row = MenuTable()[i];
     if (row.parent.empty()) continue;
-    const bool tells = commands_.Bound(CommandOf(row)) || row.tip == kNoActionTip;
+    const bool tells = IsMenu(row) || commands_.Bound(CommandOf(row)) || row.tip == kNoActionTip;
     items_[i].SetTip(tells ? TipOf(row) : std::string(kLaterTip));
   }
 }
@@ -43,13 +51,13 @@ void MenusPanel::Refresh() {
   for (std::size_t i = 0; i < items_.size(); ++i) {
     const MenuRow& row = MenuTable()[i];
     MenuItem& item = items_[i];
-    if (row.parent.empty()) continue;
+    if (IsMenu(row)) continue;
     const bool bound = commands_.Bound(CommandOf(row));
     item.SetEnabled(bound && Allowed(program, "menu", row.name));
     if (row.checked != nullptr) item.SetChecked(row.checked(program));
   }
   const std::string& caption = program.view.CloseGraphCaption;
-  if (!caption.empty()) Find("mnuCloseGraph")->SetCaption(caption);
+  if (!caption.empty()) At("mnuCloseGraph").SetCaption("&" + WithoutMnemonic(caption));
 }
 
 }  // namespace dorvane

@@ -15,6 +15,8 @@ class MenusPanel {
   MenusPanel(PanelWork& work, FormCommands& commands);
   // Captions, check marks, and what can be chosen.
   void Refresh();
+  // Throws std::out_of_range for a name that the table does not have.
+  MenuItem& At(std::string_view name);
 
  private:
   void ShowTips();

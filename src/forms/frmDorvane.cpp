@@ -1,12 +1,28 @@
 #include "forms/frmDorvane.h"
 
+#include "files/SplitPath.h"
 #include "forms/MenuTable.h"
+#include "processing/Units.h"
 #include "program/EditCrystalFile.h"
 #include "program/OpenSave.h"
 #include "program/StartEnd.h"
+#include "program/View.h"
 #include "program/WholeRange.h"
+#include "support/Fault.h"
 
 namespace dorvane {
+namespace {
+
+// A file that can't be looked at may still be there.
+bool IsGone(FileLayer& files, const std::string& path) {
+  try {
+    return !files.Info(path).has_value();
+  } catch (const Fault&) {
+    return false;
+  }
+}
+
+}  // namespace
 
 frmDorvane::frmDorvane(Program& program, FormHost& host, Launcher& launcher,
                        SettingsStore& settings)
@@ -22,8 +38,10 @@ frmDorvane::frmDorvane(Program& program, FormHost& host, Launcher& launcher,
       tool_bars(work_, commands),
       menus(work_, commands),
       recent(settings),
+      recent_menu(controls_, menus.At("mnuRecent"), recent),
       program_(program) {
   BindOwnCommands(launcher);
+  recent_menu.Chosen.Connect([this](const std::string& path) { OpenRecent(path); });
   work_.Done.Connect([this] { Refresh(); });
   Refresh();
 }
@@ -31,6 +49,9 @@ frmDorvane::frmDorvane(Program& program, FormHost& host, Launcher& launcher,
 void frmDorvane::BindOwnCommands(Launcher& launcher) {
   commands.Bind("Exit", [this] { Exit(); });
   commands.Bind("mnuEditCrystalFile", [this, &launcher] { EditCrystalFile(program_, launcher); });
+  for (std::int16_t unit = 0; unit < kUnits; ++unit) {
+    commands.Bind("mnuUnit_" + std::to_string(unit), [this, unit] { SetDispUnit(program_, unit); });
+  }
   commands.Bind("mnuWhole", [this] { ShowOpenSpectra(program_); });
   commands.Bind("mnuKeys",
                 [this] { program_.ports.dialogs.CaptionedMessage("Keys", ListOfKeys()); });
@@ -58,6 +79,12 @@ bool frmDorvane::Form_KeyDown(FormKey key, KeyModifier modifier, Control* focuse
 void frmDorvane::Drop(const std::vector<std::string>& paths) {
   if (paths.empty()) return;
   work_.Do([&paths](Program& program) { LoadData(program, paths); });
+}
+
+// A file that is gone leaves the list, after the message of its failed read.
+void frmDorvane::OpenRecent(const std::string& path) {
+  Drop({path});
+  if (IsGone(program_.ports.files, path)) recent.Remove(path);
 }
 
 void frmDorvane::QueryClose() {
@@ -90,6 +117,15 @@ void frmDorvane::RedrawGraphs() {
   for (int win_no = 0; win_no < kWindows; ++win_no) graphs.RedrawGraph(win_no);
 }
 
+void frmDorvane::FileRead(std::string_view path) {
+  recent.Add(path);
+}
+
+// What can't be opened again is not recent.
+void frmDorvane::FileWritten(std::string_view path) {
+  if (CanRead(SplitPath(path).Ext)) recent.Add(path);
+}
+
 // The largest channel number may have grown.
 void frmDorvane::SpectrumShown(int, int) {
   scale.Refresh();
@@ -112,6 +148,7 @@ void frmDorvane::WindowActivated(int) {
 }
 
 void frmDorvane::UnitAxisChanged() {
+  menus.Refresh();
   scale.Refresh();
   graphs.RedrawAxes();
 }

@@ -15,6 +15,7 @@
 #include "forms/MenusPanel.h"
 #include "forms/PanelWork.h"
 #include "forms/RecentFiles.h"
+#include "forms/RecentMenu.h"
 #include "forms/ScalePanel.h"
 #include "forms/SelectorPanel.h"
 #include "forms/StylePanel.h"
@@ -50,6 +51,8 @@ class frmDorvane : public Form, public WorkspaceListener {
   void SpectrumRemoved(int, int) override { RedrawGraphs(); }
   void GraphShown(int, int, bool) override { RedrawGraphs(); }
   void GraphRecolored(int, int, Color) override { RedrawGraphs(); }
+  void FileRead(std::string_view path) override;
+  void FileWritten(std::string_view path) override;
   void PeakMarked(int, int, const PeakRec&) override { RedrawGraphs(); }
   void PeakUnmarked(int, int, const PeakRec&) override { RedrawGraphs(); }
   void PeakLinesCleared(int) override { RedrawGraphs(); }
@@ -83,11 +86,13 @@ class frmDorvane : public Form, public WorkspaceListener {
   ToolBarsPanel tool_bars;
   MenusPanel menus;
   RecentFiles recent;
+  RecentMenu recent_menu;
 
   Event<> Ended;  // both files are written: the process may end
 
  private:
   void BindOwnCommands(Launcher& launcher);
+  void OpenRecent(const std::string& path);
   void Exit();
   void Refresh();
   void RefreshList();

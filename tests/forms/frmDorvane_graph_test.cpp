@@ -245,7 +245,7 @@ TEST_F(GraphPanelTest, ASelectedRowBecomesTheCurrentGraphWithItsCaptions) {
   form.selector.cboGrphSel[0].SetIndex(0);
   EXPECT_EQ(view.GraphNo, 0);
   EXPECT_EQ(form.Caption(), "Dorvane (Data Analyze) --- a.npd");
-  EXPECT_EQ(Menu("mnuCloseGraph").Caption(), "Close Graph(a.npd)");
+  EXPECT_EQ(Menu("mnuCloseGraph").Caption(), "&Close Graph(a.npd)");
 }
 
 TEST_F(GraphPanelTest, ACheckBoxHidesAndShowsItsGraph) {

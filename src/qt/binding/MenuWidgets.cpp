@@ -51,6 +51,7 @@ QAction* MakeMenuAction(MenuItem& item, QAction* parent, QMainWindow& window) {
       menu->setToolTipsVisible(true);
       parent->setMenu(menu);
     }
+    if (item.Separated()) parent->menu()->addSeparator();
     parent->menu()->addAction(action);
   }
   Mirror(item, action, [&item, action] { FollowItem(item, action); });

@@ -48,6 +48,7 @@ class TestForm : public Form {
   MenuItem mnuFile{controls_, "mnuFile", "&File"};
   MenuItem mnuOpen{controls_, "mnuOpen", "&Open...", &mnuFile, "Ctrl+O"};
   MenuItem mnuPile{controls_, "mnuPile", "&Pile up", &mnuFile};
+  MenuItem mnuExit{controls_, "mnuExit", "E&xit", &mnuFile, "", true};
   ToolBar tlbMain{
       controls_, "tlbMain", {{"Load", "Load", "Load a spectrum"}, {"Fit", "Fit"}, {"Log", "Log"}}};
   Label lblName{controls_, "lblName", "corundum_ambient.npd"};

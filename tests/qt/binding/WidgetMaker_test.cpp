@@ -150,6 +150,14 @@ TEST_F(BindingTest, MenuEntryHangsBelowItsParent) {
   EXPECT_TRUE(file->menu()->actions().contains(Find<QAction>("mnuOpen")));
 }
 
+TEST_F(BindingTest, ALineStandsBeforeASeparatedMenuEntryAlone) {
+  const QList<QAction*> actions = Find<QAction>("mnuFile")->menu()->actions();
+  ASSERT_EQ(actions.size(), 4);
+  EXPECT_EQ(actions[1]->objectName(), "mnuPile");
+  EXPECT_TRUE(actions[2]->isSeparator());
+  EXPECT_EQ(actions[3]->objectName(), "mnuExit");
+}
+
 TEST_F(BindingTest, MenuEntryIsChosenByItsKeyAndTellsIt) {
   const auto choices = Count(form.mnuOpen.Click);
   QTest::keyClick(&Window(), Qt::Key_O, Qt::ControlModifier);
