@@ -83,6 +83,25 @@ TEST_F(GraphMouseTest, TheRangeMarkOfAnExpansionMovesItsRange) {
   EXPECT_EQ(view.SpanCh, 500);
 }
 
+TEST_F(GraphMouseTest, AnAreaHasItsEdgesInTheActiveWindowAlone) {
+  Show({1});
+  view.AreaOn = kTrue;
+  SetArea(program, 100, 200);
+  EXPECT_EQ(TargetAt(program, 1, 100, kReach), MouseTarget::Cursor);
+}
+
+TEST_F(GraphMouseTest, WithTheAreaCursorOnADragOverTheRangeMarkMarksAnArea) {
+  Show({1});
+  ckbExpand_Click(program, true);
+  SetSpanCh(program, 500);
+  SetStartCh(program, 1000);
+  view.AreaOn = kTrue;
+  DragTo(program, BeginDrag(program, 0, 1200, kReach), 1700);
+  EXPECT_EQ(view.StartCh, 1000);
+  EXPECT_EQ(view.AreaStart, 1200);
+  EXPECT_EQ(view.AreaEnd, 1700);
+}
+
 TEST_F(GraphMouseTest, AHeldDragScrollsByTenChannelsInsideTheRange) {
   Show({1});
   SetSpanCh(program, 1000);

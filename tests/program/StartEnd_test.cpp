@@ -77,6 +77,10 @@ TEST_F(StartEndTest, TheNaxFamilyFitsAtStart) {
   EXPECT_EQ(workspace.ExpressFit, 0);
 }
 
+TEST_F(StartEndTest, TheCaptionIsTheProgramsOwnUntilAWindowIsActive) {
+  EXPECT_EQ(view.Caption, "Dorvane (Data Analyze)");
+}
+
 TEST_F(StartEndTest, ParameterFileCalibratesTheDefaultsAndSpectrumZero) {
   PutFiles();
   Form_Load(program, folder.Path(""));
@@ -130,6 +134,13 @@ TEST_F(StartEndTest, FileChoicesStartInTheStartDirectory) {
   EXPECT_EQ(workspace.UserDataDir, "/home/user.name/run 3/");
   EXPECT_EQ(workspace.CurDrive, "");
   EXPECT_EQ(workspace.CurDir, "/home/user.name/run 3/");
+}
+
+TEST_F(StartEndTest, FileChoicesStartOnTheDriveOfTheStartDirectory) {
+  PutFiles();
+  Form_Load(program, "d:\\run 3\\");
+  EXPECT_EQ(workspace.CurDrive, "d:");
+  EXPECT_EQ(workspace.CurDir, "\\run 3\\");
 }
 
 TEST_F(StartEndTest, PublicStartTakesTheUserDataDirectory) {

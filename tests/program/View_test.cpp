@@ -92,6 +92,14 @@ TEST_F(ViewTest, TheEngineFollowsTheRange) {
   EXPECT_EQ(program.spect.Scale(1).WidthX, 1000);
 }
 
+TEST_F(ViewTest, AnotherRangeIsToldThenDrawnWithTheAxisInBothWindows) {
+  SetSpanCh(program, 1000);
+  view.AutoScale = kFalse;
+  listener.notices.clear();
+  SetStartCh(program, 500);
+  EXPECT_EQ(listener.notices, (std::vector<std::string>{"range", "axis", "redraw 0", "redraw 1"}));
+}
+
 TEST_F(ViewTest, ZoomingKeepsTheChannelUnderThePointerInPlace) {
   ZoomAbout(program, 1024, 0.5);
   EXPECT_EQ(view.SpanCh, 2048);
@@ -217,6 +225,19 @@ TEST_F(ViewTest, ASpanTypedInTheUnitOfTheAxisBecomesChannels) {
   EXPECT_NEAR(SpanInUnit(program), 50, 1e-9);
 }
 
+TEST_F(ViewTest, ASpanThatIsNoneKeepsTheOldOne) {
+  TypeSpan(program, -5);
+  TypeSpan(program, 0);
+  EXPECT_EQ(view.SpanCh, 4096);
+}
+
+TEST_F(ViewTest, TheSwitchesOfTheScaleAreTold) {
+  listener.notices.clear();
+  SetNorScale(program, true);
+  SetAutoScale(program, false);
+  EXPECT_EQ(listener.Count("scale 0"), 2);
+}
+
 TEST_F(ViewTest, AutomaticAndNormalScaleExcludeEachOther) {
   SetNorScale(program, true);
   EXPECT_EQ(view.AutoScale, kFalse);
@@ -249,7 +270,7 @@ TEST_F(ViewTest, AutoScaleFollowsTheShownRange) {
   EXPECT_EQ(view.HeightY, 800000);
 }
 
-TEST_F(ViewTest, AutoScaleSwitchedOnInAPileCoversTheFirstWindow) {
+TEST_F(ViewTest, InAPileTheAutomaticScaleCoversTheFirstWindow) {
   std::vector<std::int32_t> counts(4096, 0);
   counts[10] = 750000;
   counts[3000] = 31;
@@ -261,6 +282,9 @@ TEST_F(ViewTest, AutoScaleSwitchedOnInAPileCoversTheFirstWindow) {
   SetSpanCh(program, 1000);
   SetStartCh(program, 2500);
   SetAutoScale(program, true);
+  EXPECT_EQ(view.HeightY, 800000);
+  SetYHeight(program, 0, 40, false);
+  SetStartCh(program, 2600);
   EXPECT_EQ(view.HeightY, 800000);
 }
 

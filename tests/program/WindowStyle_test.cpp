@@ -68,6 +68,30 @@ TEST_F(WindowStyleTest, LineUpGivesEveryGraphItsWindowBack) {
   EXPECT_EQ(view.WinStyleOld, kPileUpSwitched);
 }
 
+TEST_F(WindowStyleTest, TheStyleBeforeIsRememberedAtEverySwitch) {
+  chkWinStyle_Click(program, true);
+  EXPECT_EQ(view.WinStyleOld, kLineUp);
+  chkWinStyle_Click(program, false);
+  EXPECT_EQ(view.WinStyleOld, kPileUpSwitched);
+}
+
+TEST_F(WindowStyleTest, AnotherStyleFillsListAndBoxesAndDrawsBothWindowsWithTheirAxis) {
+  Show({1, 2}, "a.npd");
+  view.AutoScale = kFalse;
+  listener.notices.clear();
+  chkWinStyle_Click(program, true);
+  EXPECT_THAT(listener.notices,
+              testing::ElementsAre("style", "checks", "list", "axis", "redraw 0", "redraw 1"));
+}
+
+TEST_F(WindowStyleTest, AWindowThatPilesUpAgainTakesTheHeightOfTheOther) {
+  chkFilePile_Click(program, 1, false);
+  SetYHeight(program, 0, 500, false);
+  EXPECT_NE(program.spect.Scale(1).MaxY, 500);
+  chkFilePile_Click(program, 1, true);
+  EXPECT_EQ(program.spect.Scale(1).MaxY, 500);
+}
+
 TEST_F(WindowStyleTest, AnotherStyleIsScaledAnewWithTheAutomaticScale) {
   Show({450, 2}, "a.npd");
   for (const bool on : {true, false}) {
@@ -99,6 +123,7 @@ TEST_F(WindowStyleTest, SwitchingTheExpansionOnEndsThePileUp) {
   ckbExpand_Click(program, true);
   EXPECT_EQ(view.PileUpOn, kFalse);
   EXPECT_EQ(view.WinStyle, kLineUp);
+  EXPECT_EQ(view.FilePile[1], kTrue);
 }
 
 TEST_F(WindowStyleTest, AGraphSetIntoTheSecondWindowEndsItsExpansion) {
