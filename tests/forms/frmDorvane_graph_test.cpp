@@ -141,6 +141,18 @@ TEST_F(GraphPanelTest, TheTimerRestsInsideTheWindowAndAfterTheRelease) {
   EXPECT_FALSE(form.graphs.timCursor.Enabled());
 }
 
+TEST_F(GraphPanelTest, TheFirstWindowOfAnExpansionHasNowhereToScroll) {
+  form.style.ckbExpand.SetChecked(true);
+  form.scale.imnSpanCh.Type("1000");
+  MouseDown(0, At(3000));
+  MouseMove(0, 1.2);
+  EXPECT_FALSE(form.graphs.timCursor.Enabled());
+  MouseUp(0, 1.2);
+  MouseDown(1, 0.5);
+  MouseMove(1, 1.2);
+  EXPECT_TRUE(form.graphs.timCursor.Enabled());
+}
+
 TEST_F(GraphPanelTest, TheWheelZoomsAboutThePointerAndScrollsWithShift) {
   form.graphs.picGraph[0].Wheel.Fire({0.5, 0.5, MouseButton::None, false}, 1);
   EXPECT_NEAR(view.SpanCh, 3277, 1);  // 0.8 of 4096
