@@ -53,8 +53,9 @@ TEST_F(OpenSaveTest, AReadTellsTheViewsInOrder) {
 TEST_F(OpenSaveTest, AFailedReadStopsAfterTheReader) {
   listener.notices.clear();
   dialogs.ExpectMessage("Open Error");
-  ReadGraph(program, 0, 0, folder.Path("missing.xbm"));
-  EXPECT_THAT(listener.notices, ElementsAre("caption", "no peak lines 0"));
+  const std::string path = folder.Path("missing.xbm");
+  ReadGraph(program, 0, 0, path);
+  EXPECT_THAT(listener.notices, ElementsAre("caption", "no peak lines 0", "not read " + path));
   EXPECT_EQ(workspace.UseFileEgc, 0);
   EXPECT_EQ(workspace.GrpCount, 1);
 }
@@ -73,7 +74,7 @@ TEST_F(OpenSaveTest, AReadWithoutAFreeNumberChangesNothingButTheCaption) {
   listener.notices.clear();
   dialogs.ExpectMessage("GetGraphSpace: Notting Space!");
   EXPECT_EQ(ReadGraph(program, 0, 0, path), 0);
-  EXPECT_THAT(listener.notices, ElementsAre("caption"));
+  EXPECT_THAT(listener.notices, ElementsAre("caption", "not read " + path));
   EXPECT_EQ(workspace.Regions.RoiCount, 3);
   EXPECT_EQ(workspace.Peaks[0].Count, 2);
 }
