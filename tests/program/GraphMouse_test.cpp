@@ -96,6 +96,7 @@ TEST_F(GraphMouseTest, WithTheAreaCursorOnADragOverTheRangeMarkMarksAnArea) {
   SetSpanCh(program, 500);
   SetStartCh(program, 1000);
   view.AreaOn = kTrue;
+  EXPECT_EQ(TargetAt(program, 0, 1200, kReach), MouseTarget::Cursor);
   DragTo(program, BeginDrag(program, 0, 1200, kReach), 1700);
   EXPECT_EQ(view.StartCh, 1000);
   EXPECT_EQ(view.AreaStart, 1200);

@@ -89,6 +89,18 @@ TEST_F(RoiCommandsTest, BoundsAreUsedOnce) {
   EXPECT_EQ(Table().RoiCount, 1);
 }
 
+TEST_F(RoiCommandsTest, NeitherBoundIsUsedAgainWithANewOne) {
+  ShowPeaks({});
+  AddBetween(100, 200);
+  CsrX_Change(program, 50);
+  RunCommand(program, "mnuRoiStart");
+  RunCommand(program, "RoiAdd");
+  view.RoiStart = kNoEnd;
+  RunCommand(program, "mnuRoiEnd");
+  RunCommand(program, "RoiAdd");
+  EXPECT_EQ(Table().RoiCount, 1);
+}
+
 TEST_F(RoiCommandsTest, OneBoundOrEqualBoundsAddNothing) {
   ShowPeaks({});
   CsrX_Change(program, 100);

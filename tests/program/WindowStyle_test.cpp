@@ -109,6 +109,12 @@ TEST_F(WindowStyleTest, WithoutTheAutomaticScaleTheHeightStaysInEveryStyle) {
   EXPECT_EQ(view.HeightY, 80);
 }
 
+TEST_F(WindowStyleTest, PilingUpSelectsTheFirstOfTheFurtherGraphs) {
+  for (const char* title : {"a.npd", "b.npd", "c.npd"}) Show({1, 2}, title);
+  chkWinStyle_Click(program, true);
+  EXPECT_EQ(view.SelectedRow[1], 1);
+}
+
 TEST_F(WindowStyleTest, PilingUpWithOneGraphKeepsTheSelection) {
   Show({1, 2}, "a.npd");
   view.SelectedRow[1] = 0;
