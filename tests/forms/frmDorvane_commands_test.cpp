@@ -106,6 +106,14 @@ TEST_F(MainCommandsTest, AnAttachedFormIsOpenedByItsKeyAndByItsMenu) {
   EXPECT_THAT(host.Shown(), ElementsAre("frmLog", "frmLog"));
 }
 
+TEST_F(MainCommandsTest, OfTheExpandEntriesTheOneThatChangesSomethingIsOn) {
+  EXPECT_TRUE(Menu("mnuExpandOn").Enabled());
+  EXPECT_FALSE(Menu("mnuExpandOff").Enabled());
+  Menu("mnuExpandOn").Choose();
+  EXPECT_TRUE(form.style.ckbExpand.Checked());
+  EXPECT_FALSE(Menu("mnuExpandOn").Enabled());
+}
+
 TEST_F(MainCommandsTest, FourButtonsFollowTheFit) {
   EXPECT_TRUE(bars.tlbrOperation.ButtonEnabled("AllFit"));
   EXPECT_FALSE(bars.tlbrOperation.ButtonEnabled("MkDel"));
