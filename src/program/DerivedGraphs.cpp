@@ -4,6 +4,7 @@
 
 #include "processing/BackGraund.h"
 #include "processing/Calc.h"
+#include "support/Fault.h"
 #include "support/Rounding.h"
 
 namespace dorvane {
@@ -60,10 +61,13 @@ void SmoothGraph(Program& program) {
   // KEPT: the source's own flag decides, and row 0 is what is replaced, whatever kind of graph that
   // is: a curve made of a smoothed one carries the flag too.
   const bool smoothed = RowHasFlags(workspace, program.view.GraphNo, FlagSmooth, 0);
-  const Destination to = HeadDestination(list, smoothed);
+  // A parameter file can hold any kind: it faults before a row is opened.
+  const std::int16_t kind = workspace.FitParam.SmoothKind;
+  if (kind < 0 || kind >= kSmoothKinds) throw Fault(FaultCode::Subscript);
+  const Destination to = HeadDestination(list, smoothed && HoldsGraph(workspace, 0));
   if (to.data_no < 0) return;
   CopyToDestination(workspace, source, to.data_no, FlagSmooth);
-  SmoothData(workspace.FitParam.SmoothKind, workspace.Channels[to.data_no].Used());
+  SmoothData(kind, workspace.Channels[to.data_no].Used());
   SetGraph(list, GetRealWinNo(list), to.row, to.data_no, kTitleSmooth);
   ShowRow(program, to.row);
 }

@@ -314,7 +314,7 @@ void DeletePeaks(Program& program) {
   if (range.count == 0) return;
   DeleteRange(list, win_no, grp_no, range);
   workspace.Slots[grp_no].State = kRowUnsaved;
-  if (grp_no != 0) {
+  if (grp_no != 0 && HoldsGraph(workspace, 0)) {
     // KEPT: the curve to calculate anew is the first of the list, whatever it shows.
     const std::int16_t fit = workspace.Slots[0].DataNo;
     CalcFitSpectrum(workspace, source, fit, -1, -1);

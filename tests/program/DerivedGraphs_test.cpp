@@ -76,6 +76,27 @@ TEST_F(DerivedGraphsTest, SmoothingTakesTheKindOfTheSetting) {
   EXPECT_THAT(CountsOf(Row(0).DataNo), ElementsAre(0, 0, 0, 3, 6, 7, 6, 3, 0, 0, 0));
 }
 
+TEST_F(DerivedGraphsTest, AnUnknownKindOfSmoothingFaultsBeforeARowIsOpened) {
+  Show({1, 2, 3}, "a.npd");
+  for (const std::int16_t kind : {-1, 4}) {
+    workspace.FitParam.SmoothKind = kind;
+    EXPECT_THROW(SmoothGraph(program), Fault);
+  }
+  EXPECT_EQ(Row(0).Title, "a.npd");
+  EXPECT_EQ(workspace.GrpCount, 1);
+}
+
+TEST_F(DerivedGraphsTest, AnEmptyRowZeroIsNotReplacedByASmoothedGraph) {
+  // given: row 0 as a failed read leaves it, and a smoothed spectrum below
+  Show({1});
+  const auto data_no = Show(std::vector<std::int32_t>(100, 50), "b.npd");
+  workspace.Spectra[data_no].Prop.Flags = FlagSmooth;
+  workspace.Slots[0] = GraphSlot{};
+  SmoothGraph(program);
+  EXPECT_THAT(Titles(), ElementsAre("Smooth", "b.npd"));
+  EXPECT_EQ(Row(0).DataNo, 2);
+}
+
 TEST_F(DerivedGraphsTest, ADerivedGraphIsNotAskedAboutAndLeavesTheSourceAlone) {
   Show(std::vector<std::int32_t>(100, 50));
   workspace.Slots[0].State = kRowUnsaved;

@@ -361,5 +361,17 @@ TEST_F(PeakFitTest, DeletingPeaksRecalculatesTheFirstGraphAsTheFitWhateverItIsAs
   EXPECT_EQ(workspace.Channels[Row(0).DataNo].Counts[200], 0);
 }
 
+TEST_F(PeakFitTest, DeletingPeaksMakesNoFitOfAnEmptyFirstRow) {
+  // given: row 0 as a failed read leaves it
+  Show({1});
+  const auto data_no = Show(Spectrum(300, 10, {}), "b.npd");
+  workspace.Slots[0] = GraphSlot{};
+  Enter(data_no, {5, 100, 3}, 90, 110);
+  SetArea(program, 50, 150);
+  DeletePeaks(program);
+  EXPECT_EQ(workspace.Peaks[data_no].Count, 0);
+  EXPECT_THAT(Titles(), ElementsAre("b.npd"));
+}
+
 }  // namespace
 }  // namespace dorvane
