@@ -113,6 +113,12 @@ void frmDorvane::RefreshList() {
   cursor.Refresh();
 }
 
+// A graph in the list can switch a window's pile on.
+void frmDorvane::CheckBoxesFilled() {
+  RefreshList();
+  style.Refresh();
+}
+
 void frmDorvane::RedrawGraphs() {
   for (int win_no = 0; win_no < kWindows; ++win_no) graphs.RedrawGraph(win_no);
 }

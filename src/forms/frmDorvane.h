@@ -45,7 +45,7 @@ class frmDorvane : public Form, public WorkspaceListener {
 
   void SelectorFilled() override { RefreshList(); }
   void SelectorRowSelected(int, int) override { RefreshList(); }
-  void CheckBoxesFilled() override { RefreshList(); }
+  void CheckBoxesFilled() override;
   void SelectionListFilled() override { RefreshList(); }
   void SpectrumShown(int, int) override;
   void SpectrumRemoved(int, int) override { RedrawGraphs(); }

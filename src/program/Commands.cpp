@@ -19,6 +19,7 @@ void Open(Program& program) {
   LoadData(program);
 }
 void CloseGraph(Program& program) {
+  if (!HoldsGraph(program.workspace, program.view.GraphNo)) return;
   DeleteGraph(program.List(), program.view.GraphNo);
 }
 void Fit(Program& program) {

@@ -189,6 +189,12 @@ TEST_F(GraphPanelTest, AnotherWindowClearsTheAreaOfTheOldOne) {
 
 // Window styles.
 
+TEST_F(GraphPanelTest, AGraphInTheListSwitchesThePileOfItsWindowOn) {
+  form.style.chkFilePile[0].SetChecked(false);
+  ShowSpectrum();
+  EXPECT_TRUE(form.style.chkFilePile[0].Checked());
+}
+
 TEST_F(GraphPanelTest, ExpandSwitchesPileUpOffAndTakesThePileBoxes) {
   form.style.chkWinStyle.SetChecked(true);
   form.style.ckbExpand.SetChecked(false);

@@ -71,6 +71,18 @@ TEST_F(CommandsTest, ClosingAGraphRemovesTheCurrentRow) {
   EXPECT_THAT(Titles(), ElementsAre("b.npd"));
 }
 
+TEST_F(CommandsTest, ClosingAnEmptyRowTouchesNoGraph) {
+  // given: row 0 as a failed read leaves it, and the current row there
+  Show({7}, "a.npd");
+  Show({1}, "b.npd");
+  workspace.Slots[1].DataNo = 0;
+  workspace.Slots[0] = GraphSlot{};
+  Change_cboGrphSel(list, 0, 0);
+  RunCommand(program, "mnuCloseGraph");
+  EXPECT_THAT(Titles(), ElementsAre("b.npd"));
+  EXPECT_EQ(CountsOf(0), std::vector<std::int32_t>{7});
+}
+
 TEST_F(CommandsTest, DeletingAllPeaksFromTheMenuDoesNotAsk) {
   Show({1}, "a.npd");
   EXPECT_TRUE(RunCommand(program, "mnuPeakAllDelete"));
