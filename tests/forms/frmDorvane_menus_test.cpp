@@ -5,6 +5,7 @@
 
 #include "forms/MainFormFixture.h"
 #include "forms/MenuTable.h"
+#include "program/View.h"
 
 namespace dorvane {
 namespace {
@@ -116,7 +117,7 @@ TEST_F(MainMenusTest, TheCurrentUnitAloneIsChecked) {
     return units;
   };
   EXPECT_THAT(checked(), ElementsAre(view.DispUnit));
-  form.scale.cboUnitX.SetIndex(3);
+  SetDispUnit(program, 3);
   EXPECT_THAT(checked(), ElementsAre(3));
   Menu("mnuUnit_1").Choose();
   EXPECT_THAT(checked(), ElementsAre(1));
