@@ -11,9 +11,11 @@
 namespace dorvane {
 namespace {
 
-constexpr std::int32_t kHighest = 1000000;  // where no height covers the counts
-constexpr double kDecadesBelow = 10;        // typed heights below count decades on the log scale
-constexpr double kLowestTyped = 10;         // counts; the axis takes less for decades
+// KEPT: where no height covers the counts, however high they are: the curve is cut at the top, as a
+// sign that it leaves the table of heights.
+constexpr std::int32_t kHighest = 1000000;
+constexpr double kDecadesBelow = 10;  // typed heights below count decades on the log scale
+constexpr double kLowestTyped = 10;   // counts; the axis takes less for decades
 constexpr double kHighestTyped = 1e9;
 constexpr double kWidestTyped = kMaxChannels;
 
@@ -32,6 +34,11 @@ void RangeSet(Program& program, double start, double span) {
     AutoScaleY(program, GetRealWinNo(program.List()), program.view.DataNo);
   }
   for (int win_no = 0; win_no < kWindows; ++win_no) program.Listener().RedrawWanted(win_no);
+}
+
+// The windows that pile up graphs have one height, and so has an expansion of the first.
+bool TakesHeight(const ViewState& view, int window) {
+  return view.FilePile[window] != kFalse || (window == 1 && view.ExpandOn != kFalse);
 }
 
 // Index of the smallest height that is not below a value; the last one where none covers it.
@@ -73,7 +80,7 @@ void SetYHeight(Program& program, int win_no, std::int32_t height, bool redraw) 
   program.view.HeightY = height;
   program.view.WidthY = WidthYOf(program);
   for (int window = 0; window < kWindows; ++window) {
-    if (program.view.FilePile[window] == kFalse && window != win_no) continue;
+    if (!TakesHeight(program.view, window) && window != win_no) continue;
     program.Listener().CountScaleChanged(window);
     if (redraw) program.Listener().RedrawWanted(window);
   }

@@ -14,7 +14,8 @@ constexpr double kSmallestSpan = 32;  // channels
 // count of the shown range (channels 0..4095 in Expand mode for window 0); 1000000 where none does.
 void AutoScaleY(Program& program, int win_no, int data_no);
 
-// Height of the count axis in counts; below 10 it counts decades of a logarithmic axis.
+// Height of the count axis in counts, for the windows that pile up graphs, for the expansion of one
+// that does, and for `win_no`.
 void SetYHeight(Program& program, int win_no, std::int32_t height, bool redraw);
 
 // First channel shown, limited to 0..MaxCh less the span.

@@ -28,10 +28,11 @@ TEST_F(ViewTest, ACountThatEqualsAStepFitsIt) {
   EXPECT_EQ(view.HeightY, 500);
 }
 
-TEST_F(ViewTest, CountsAboveAllStepsGetAMillion) {
-  const auto data_no = Show({900000});
-  AutoScaleY(program, 0, data_no);
-  EXPECT_EQ(view.HeightY, 1000000);
+TEST_F(ViewTest, CountsAboveAllStepsGetAMillionAsMeant) {
+  for (const std::int32_t count : {900000, 50000000}) {
+    AutoScaleY(program, 0, Show({count}));
+    EXPECT_EQ(view.HeightY, 1000000);
+  }
 }
 
 TEST_F(ViewTest, AnExpandedFirstWindowTakesTheHeightOfItsFirst4096ChannelsAsMeant) {
@@ -309,7 +310,7 @@ TEST_F(ViewTest, TheCalibrationOptionPicksTheSource) {
 
 class CursorTest : public ProgramTest {};
 
-TEST_F(CursorTest, PlusMovesRightUpToTheChannelCount) {
+TEST_F(CursorTest, PlusMovesRightUpToTheChannelCountAsMeant) {
   view.CursorCh = 4095;
   spnCursor_SpinUpDown(program, "+");
   EXPECT_EQ(view.CursorCh, 4096);
@@ -345,7 +346,7 @@ TEST_F(CursorTest, AFractionIsRoundedHalfToEven) {
   EXPECT_EQ(view.CursorCh, 14);
 }
 
-TEST_F(CursorTest, PlusOneAtTheChannelCountGivesTheLastChannel) {
+TEST_F(CursorTest, PlusOneAtTheChannelCountGivesTheLastChannelAsMeant) {
   view.CursorCh = 4096;
   spnCursor_SpinUpDown(program, "+1");
   EXPECT_EQ(view.CursorCh, 4095);

@@ -101,6 +101,15 @@ TEST_F(WindowStyleTest, AnotherStyleIsScaledAnewWithTheAutomaticScale) {
   }
 }
 
+TEST_F(WindowStyleTest, TheExpansionOfAPileHasTheHeightOfTheFirstWindow) {
+  Show({450, 2}, "a.npd");
+  chkWinStyle_Click(program, true);
+  ASSERT_EQ(view.FilePile[1], kFalse);
+  EXPECT_EQ(program.spect.Scale(1).MaxY, 500);
+  SetYHeight(program, 0, 80, false);
+  EXPECT_EQ(program.spect.Scale(1).MaxY, 80);
+}
+
 TEST_F(WindowStyleTest, WithoutTheAutomaticScaleTheHeightStaysInEveryStyle) {
   Show({450, 2}, "a.npd");
   view.AutoScale = kFalse;
