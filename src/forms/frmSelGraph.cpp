@@ -114,6 +114,8 @@ void frmSelGraph::cmdCut_Click() {
   });
 }
 
+// KEPT: the old graphs stay, and the files take the rows from the first on: whoever opens from here
+// replaces graphs one by one.
 void frmSelGraph::cmdOpen_Click() {
   RunGuarded(program_, FileLoad);
 }

@@ -28,6 +28,8 @@ void spnCursor_SpinUpDown(Program& program, std::string_view text) {
   const int max_ch = program.workspace.MaxCh;
   const int old = program.view.CursorCh;
   double target = old;
+  // KEPT: the buttons reach the channel behind the last one, from which a step by a number comes
+  // back: one counts channels, the other goes to them.
   if (text == "+") {
     target = old >= max_ch ? old : old + 1;
     ShowCursor(program, Limited(target, max_ch), target);
