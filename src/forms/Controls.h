@@ -211,7 +211,9 @@ class Splitter : public Control {
   void Accept(ControlVisitor& visitor) override;
   double Share() const { return share_; }
   void SetShare(double share);
+  void DoubleClick() { DblClick.Fire(); }
   Event<> Moved;
+  Event<> DblClick;
 
  private:
   double share_ = 0.5;

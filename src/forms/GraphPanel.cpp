@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "display/DrawScale.h"
 #include "forms/CursorPanel.h"
 #include "program/View.h"
 #include "program/WholeRange.h"
@@ -16,12 +17,34 @@ constexpr double kReachShare = 0.006;  // of the width: how near an edge is take
 constexpr double kWheelZoom = 0.8;     // of the span, for one step
 constexpr double kScrollShare = 0.1;   // of the span, for one step
 
+// An expansion shows the graphs of the first window, which holds all graphs of a pile.
+bool ShowsRow(const Program& program, int win_no, const GraphSlot& slot) {
+  const ViewState& view = program.view;
+  const bool all = view.ExpandOn != kFalse || (view.PileUpOn != kFalse && win_no == 0);
+  return slot.State != kRowEmpty && (all || slot.WinNo == win_no);
+}
+
 bool ShowsGraph(const Program& program, int win_no) {
   const auto& slots = program.workspace.Slots;
-  const bool expanded = program.view.ExpandOn != kFalse;
-  return std::any_of(slots.begin(), slots.end(), [&](const GraphSlot& slot) {
-    return slot.State != kRowEmpty && (expanded || slot.WinNo == win_no);
-  });
+  return std::any_of(slots.begin(), slots.end(),
+                     [&](const GraphSlot& slot) { return ShowsRow(program, win_no, slot); });
+}
+
+std::vector<ChannelRange> RegionsOf(const Program& program, int win_no) {
+  std::vector<ChannelRange> regions;
+  const RoiTable& table = program.workspace.Regions;
+  for (int i = 0; i < table.RoiCount; ++i) {
+    const RoiRec& region = table.Rois[i];
+    for (const GraphSlot& slot : program.workspace.Slots) {
+      if (slot.DataNo != region.DataNo || !ShowsRow(program, win_no, slot)) continue;
+      regions.push_back({true, region.Start, region.End, region.Color});
+    }
+  }
+  return regions;
+}
+
+std::int32_t AxisHeight(const ViewState& view) {
+  return view.LogScale != kFalse ? kLogDecades : view.HeightY;
 }
 
 void Scroll(Program& program, int steps) {
@@ -154,6 +177,51 @@ void GraphPanel::RedrawAxes() {
 
 void GraphPanel::RedrawOverlays() {
   for (int win_no = 0; win_no < kWindows; ++win_no) picGraph[win_no].RedrawOverlay();
+}
+
+void GraphPanel::DrawGraph(int win_no, Surface& surface) const {
+  DrawSpect& spect = work_.program.spect;
+  spect.SetDivisions(win_no, CountTicksOf(AxisHeight(work_.program.view)).Divisions);
+  spect.SetSurface(win_no, &surface);
+  spect.Redraw(win_no);
+  spect.SetSurface(win_no, nullptr);
+}
+
+void GraphPanel::DrawOverlay(int win_no, Surface& surface, CursorForm form) const {
+  const std::vector<ChannelRange> regions = RegionsOf(work_.program, win_no);
+  Overlay overlay = OverlayOf(win_no, form);
+  overlay.Regions = regions;
+  work_.program.spect.DrawOverlay(win_no, surface, overlay);
+}
+
+void GraphPanel::DrawCountAxis(Surface& panel) const {
+  dorvane::DrawCountAxis(panel, AxisHeight(work_.program.view), Ink());
+  panel.SetScale(0, 0, 1, 1);
+  panel.Box({1, 0}, {1, 1}, Ink(), 1);
+}
+
+void GraphPanel::DrawUnitAxis(int win_no, Surface& panel, int divisions) const {
+  const Program& program = work_.program;
+  const ViewScale& scale = program.spect.Scale(win_no);
+  const int row = std::max<int>(program.view.SelectedRow[win_no], 0);
+  dorvane::DrawUnitAxis(panel, program.workspace, program.workspace.Slots[row].DataNo,
+                        program.view.DispUnit, divisions, scale.WidthX, scale.StartX, Ink());
+  panel.SetScale(0, 0, 1, 1);
+  panel.Box({0, 0}, {1, 0}, Ink(), 1);
+}
+
+Color GraphPanel::GroundOf(int win_no) const {
+  return work_.program.workspace.ColorTbl[kColorWindowBack + win_no];
+}
+
+Color GraphPanel::Ink() const {
+  return work_.program.workspace.ColorTbl[kColorAxis];
+}
+
+std::string_view GraphPanel::HintOf(int win_no) const {
+  if (ShowsGraph(work_.program, win_no)) return {};
+  return win_no == 0 ? "Open a spectrum: Ctrl+O, or drop files here"
+                     : "Check a curve in the list at the right to show it here";
 }
 
 Overlay GraphPanel::OverlayOf(int win_no, CursorForm form) const {

@@ -22,7 +22,18 @@ class GraphPanel {
  public:
   explicit GraphPanel(PanelWork& work);
 
-  // What moves over the picture of a window.
+  // What a window shows, drawn on the surface of its control. Axes draw over the window's ground
+  // (GroundOf), the graph clears its own.
+  void DrawGraph(int win_no, Surface& surface) const;
+  void DrawOverlay(int win_no, Surface& surface, CursorForm form) const;
+  void DrawCountAxis(Surface& panel) const;
+  // `divisions` of the range, as many as the panel has room for.
+  void DrawUnitAxis(int win_no, Surface& panel, int divisions) const;
+  Color GroundOf(int win_no) const;
+  Color Ink() const;
+  // What a window without a graph says in place of one; empty for one with a graph.
+  std::string_view HintOf(int win_no) const;
+  // The cursors of a window, without its regions.
   Overlay OverlayOf(int win_no, CursorForm form) const;
   // A window's picture, its axes, or what moves over the pictures, is out of date.
   void RedrawGraph(int win_no);

@@ -195,18 +195,4 @@ std::string TipWithKey(const MenuRow& row) {
   return row.key.empty() ? TipOf(row) : TipOf(row) + " (" + std::string(row.key) + ")";
 }
 
-std::string ListOfKeys() {
-  std::string list;
-  const auto put = [&list](std::string_view key, std::string_view what) {
-    list += std::string(key) + ": " + std::string(what) + "\r\n";
-  };
-  for (const KeyRow& row : KeyTable()) put(row.shown, row.what);
-  for (const MenuRow& row : kMenus) {
-    const auto same = [&row](const KeyRow& key) { return key.shown == row.key; };
-    if (row.key.empty() || std::any_of(KeyTable().begin(), KeyTable().end(), same)) continue;
-    put(row.key, TipOf(row));
-  }
-  return list;
-}
-
 }  // namespace dorvane

@@ -39,7 +39,5 @@ const MenuRow* EntryOf(std::string_view command);
 // The tip, or the caption where there is none; and the same with the key behind it.
 std::string TipOf(const MenuRow& row);
 std::string TipWithKey(const MenuRow& row);
-// All keys with what they do, a line each.
-std::string ListOfKeys();
 
 }  // namespace dorvane

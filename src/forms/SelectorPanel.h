@@ -20,6 +20,21 @@ class SelectorPanel {
   void Refresh();
   // Colour of a check box's graph; nothing for an empty row.
   std::optional<Color> ColorOf_chkGrp(int index) const;
+  // Makes the graph of a check box the current one of the window that it is in.
+  void SelectRow(int index);
+  // Where a row stands: whether its graph is in the window of a check box, is that window's current
+  // one, and whether that window is the active one.
+  struct RowState {
+    bool here = false;
+    bool current = false;
+    bool active = false;
+  };
+  RowState StateOf_chkGrp(int index) const;
+  // Title and sample name of a window's current graph; empty where it has none.
+  std::string TitleOf(int win_no) const;
+  std::string SampleOf(int win_no) const;
+
+  Event<> Filled;  // the list, its colours or the current rows may have changed
 
  private:
   PanelWork& work_;
@@ -29,7 +44,8 @@ class SelectorPanel {
   ControlArray<CheckBox> chkGrp;      // WinNo*10 + GrpNo; seen for rows that hold a graph
 
  private:
-  void cboGrphSel_Click(int win_no);
+  const GraphSlot* CurrentOf(int win_no) const;
+  void Select(int win_no, int row);
   void chkGrp_Click(int index);
 };
 

@@ -12,7 +12,9 @@ StylePanel::StylePanel(PanelWork& work)
       fraWinHeight(work.controls, "fraWinHeight") {
   ckbExpand.SetTip("The lower window shows a part of the upper one");
   chkWinStyle.SetTip("All graphs in the upper window");
-  fraWinHeight.SetTip("Heights of the windows");
+  fraWinHeight.SetTip("Heights of the windows; double click closes or opens the lower one");
+  OpenLowerWindow(true);
+  fraWinHeight.DblClick.Connect([this] { OpenLowerWindow(!LowerWindowOpen()); });
   ckbExpand.Click.Connect([this] {
     work_.Do([this](Program& program) { ckbExpand_Click(program, ckbExpand.Checked()); });
   });
@@ -31,6 +33,9 @@ StylePanel::StylePanel(PanelWork& work)
 
 void StylePanel::Refresh() {
   const ViewState& view = work_.program.view;
+  // An expansion that begins is to be seen.
+  const bool begins = view.ExpandOn != kFalse && !ckbExpand.Checked();
+  if (begins && !LowerWindowOpen()) OpenLowerWindow(true);
   work_.Fill([&] {
     ckbExpand.SetChecked(view.ExpandOn != kFalse);
     chkWinStyle.SetChecked(view.PileUpOn != kFalse);

@@ -17,10 +17,17 @@ class StylePanel {
   PanelWork& work_;
 
  public:
+  // The upper window's share of the height at the start; 1 closes the lower one.
+  static constexpr double kStartShare = 0.65;
+
   CheckBox ckbExpand;
   CheckBox chkWinStyle;
   ControlArray<CheckBox> chkFilePile;  // by WinNo; off in Expand mode
-  Splitter fraWinHeight;
+  Splitter fraWinHeight;               // double click: closes the lower window, and opens it again
+
+ private:
+  void OpenLowerWindow(bool open) { fraWinHeight.SetShare(open ? kStartShare : 1); }
+  bool LowerWindowOpen() const { return fraWinHeight.Share() < 1; }
 };
 
 }  // namespace dorvane

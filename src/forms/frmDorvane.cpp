@@ -37,6 +37,7 @@ frmDorvane::frmDorvane(Program& program, FormHost& host, Launcher& launcher,
       graphs(work_),
       tool_bars(work_, commands),
       menus(work_, commands),
+      status(work_),
       recent(settings),
       recent_menu(controls_, menus.At("mnuRecent"), recent),
       program_(program) {
@@ -47,21 +48,22 @@ frmDorvane::frmDorvane(Program& program, FormHost& host, Launcher& launcher,
 }
 
 void frmDorvane::BindOwnCommands(Launcher& launcher) {
+  commands.Bind("LoadData", [this] { OpenBy([](Program& program) { LoadData(program); }); });
   commands.Bind("Exit", [this] { Exit(); });
   commands.Bind("mnuEditCrystalFile", [this, &launcher] { EditCrystalFile(program_, launcher); });
   for (std::int16_t unit = 0; unit < kUnits; ++unit) {
     commands.Bind("mnuUnit_" + std::to_string(unit), [this, unit] { SetDispUnit(program_, unit); });
   }
   commands.Bind("mnuWhole", [this] { ShowOpenSpectra(program_); });
-  commands.Bind("mnuKeys",
-                [this] { program_.ports.dialogs.CaptionedMessage("Keys", ListOfKeys()); });
 }
 
-void frmDorvane::Form_Load(const std::string& start_directory) {
-  work_.Do([&start_directory](Program& program) {
-    dorvane::Form_Load(program, start_directory);
+bool frmDorvane::Form_Load(const std::string& start_directory) {
+  bool read = false;
+  work_.Do([&](Program& program) {
+    read = dorvane::Form_Load(program, start_directory);
     ChangeActiveWin(program.List(), 0);
   });
+  return read;
 }
 
 void frmDorvane::Attach(std::string_view command, Form& form, std::function<void()> open) {
@@ -78,7 +80,13 @@ bool frmDorvane::Form_KeyDown(FormKey key, KeyModifier modifier, Control* focuse
 
 void frmDorvane::Drop(const std::vector<std::string>& paths) {
   if (paths.empty()) return;
-  work_.Do([&paths](Program& program) { LoadData(program, paths); });
+  work_.Do([&](Program&) { OpenBy([&](Program& program) { LoadData(program, paths); }); });
+}
+
+void frmDorvane::OpenBy(const std::function<void(Program&)>& open) {
+  const bool whole = ShowsWholeRange(program_);
+  open(program_);
+  if (whole) ShowOpenSpectra(program_);
 }
 
 // A file that is gone leaves the list, after the message of its failed read.
@@ -111,6 +119,7 @@ void frmDorvane::Refresh() {
 void frmDorvane::RefreshList() {
   selector.Refresh();
   cursor.Refresh();
+  status.Refresh();
 }
 
 // A graph in the list can switch a window's pile on.
@@ -123,12 +132,19 @@ void frmDorvane::RedrawGraphs() {
   for (int win_no = 0; win_no < kWindows; ++win_no) graphs.RedrawGraph(win_no);
 }
 
+void frmDorvane::GraphRecolored(int, int, Color) {
+  selector.Refresh();
+  RedrawGraphs();
+}
+
 void frmDorvane::FileRead(std::string_view path) {
+  status.FileRead(path);
   recent.Add(path);
 }
 
 // What can't be opened again is not recent.
 void frmDorvane::FileWritten(std::string_view path) {
+  status.FileWritten(path);
   if (CanRead(SplitPath(path).Ext)) recent.Add(path);
 }
 

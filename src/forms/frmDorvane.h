@@ -18,6 +18,7 @@
 #include "forms/RecentMenu.h"
 #include "forms/ScalePanel.h"
 #include "forms/SelectorPanel.h"
+#include "forms/StatusPanel.h"
 #include "forms/StylePanel.h"
 #include "forms/ToolBarsPanel.h"
 #include "support/Launcher.h"
@@ -30,18 +31,23 @@ class frmDorvane : public Form, public WorkspaceListener {
   // All of them outlive the form.
   frmDorvane(Program& program, FormHost& host, Launcher& launcher, SettingsStore& settings);
 
-  // Start: takes the program's own files (Form_Load of the program), then shows window 0.
-  void Form_Load(const std::string& start_directory);
+  // Start: takes the program's own files (Form_Load of the program), then shows window 0. False
+  // without "syspara_a.xpr".
+  bool Form_Load(const std::string& start_directory);
   // Another form that a command opens; it is hidden when the program ends.
   void Attach(std::string_view command, Form& form, std::function<void()> open);
   // True when the form has taken the key; `focused` is nullptr when no control has the focus.
   bool Form_KeyDown(FormKey key, KeyModifier modifier, Control* focused);
-  // Files dropped on the form are opened in place of what is there.
+  // Files dropped on the form are opened in place of what is there. A range that shows the whole of
+  // the spectra before shows the whole of those after, as "LoadData" does.
   void Drop(const std::vector<std::string>& paths);
   // Closing asks as "Exit" does; the form itself never closes.
   void QueryClose() override;
 
   Overlay OverlayOf(int win_no) const { return graphs.OverlayOf(win_no, cursor.Form()); }
+  void DrawOverlay(int win_no, Surface& surface) const {
+    graphs.DrawOverlay(win_no, surface, cursor.Form());
+  }
 
   void SelectorFilled() override { RefreshList(); }
   void SelectorRowSelected(int, int) override { RefreshList(); }
@@ -50,9 +56,11 @@ class frmDorvane : public Form, public WorkspaceListener {
   void SpectrumShown(int, int) override;
   void SpectrumRemoved(int, int) override { RedrawGraphs(); }
   void GraphShown(int, int, bool) override { RedrawGraphs(); }
-  void GraphRecolored(int, int, Color) override { RedrawGraphs(); }
+  void GraphRecolored(int, int, Color) override;
   void FileRead(std::string_view path) override;
   void FileWritten(std::string_view path) override;
+  void FileNotRead(std::string_view path) override { status.FileNotRead(path); }
+  void FileNotWritten(std::string_view path) override { status.FileNotWritten(path); }
   void PeakMarked(int, int, const PeakRec&) override { RedrawGraphs(); }
   void PeakUnmarked(int, int, const PeakRec&) override { RedrawGraphs(); }
   void PeakLinesCleared(int) override { RedrawGraphs(); }
@@ -85,6 +93,7 @@ class frmDorvane : public Form, public WorkspaceListener {
   GraphPanel graphs;
   ToolBarsPanel tool_bars;
   MenusPanel menus;
+  StatusPanel status;
   RecentFiles recent;
   RecentMenu recent_menu;
 
@@ -92,6 +101,7 @@ class frmDorvane : public Form, public WorkspaceListener {
 
  private:
   void BindOwnCommands(Launcher& launcher);
+  void OpenBy(const std::function<void(Program&)>& open);
   void OpenRecent(const std::string& path);
   void Exit();
   void Refresh();

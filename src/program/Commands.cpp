@@ -94,6 +94,18 @@ void Version(Program& program) {
                                          "spectrum to lattice and pressure");
 }
 
+// Tells the progress port of begin and end.
+class Bracket {
+ public:
+  explicit Bracket(Progress& progress) : progress_(progress) { progress_.Begin(); }
+  ~Bracket() { progress_.End(); }
+  Bracket(const Bracket&) = delete;
+  Bracket& operator=(const Bracket&) = delete;
+
+ private:
+  Progress& progress_;
+};
+
 constexpr std::array kCommands{
     Command{"LoadData", "mnuLoad", Open},
     Command{"SaveData", "mnuSave", FileSave},
@@ -160,6 +172,7 @@ bool RunCommand(Program& program, std::string_view name) {
 }
 
 bool RunGuarded(Program& program, const std::function<void(Program&)>& run) {
+  const Bracket bracket(program.ports.progress);
   try {
     run(program);
     return true;

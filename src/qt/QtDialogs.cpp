@@ -69,7 +69,6 @@ void ShowWholeColumns(const QFileDialog& dialog) {
 }  // namespace
 
 void QtDialogs::Show(const QString& caption, std::string_view text) {
-  ++refusals_;
   if (on_message_) on_message_(text);
   const ArrowPointer arrow;
   QMessageBox box(QMessageBox::NoIcon, caption, ToQString(text), QMessageBox::Ok, parent_);
@@ -94,9 +93,7 @@ bool QtDialogs::AskYesNo(const Question& question) {
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(question.no_is_default ? QMessageBox::No : QMessageBox::Yes);
   box.setEscapeButton(QMessageBox::No);
-  const bool yes = box.exec() == QMessageBox::Yes;
-  if (!yes) ++refusals_;
-  return yes;
+  return box.exec() == QMessageBox::Yes;
 }
 
 std::optional<FilesChoice> QtDialogs::ChooseFilesToOpen(const FileRequest& request) {
@@ -106,11 +103,11 @@ std::optional<FilesChoice> QtDialogs::ChooseFilesToOpen(const FileRequest& reque
   SelectFilter(dialog, request);
   dialog.resize(kFileDialogSize);
   ShowWholeColumns(dialog);
-  last_opened_.clear();
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
-  for (const QString& path : dialog.selectedFiles()) last_opened_.push_back(ToUtf8(path));
+  FilesChoice choice{{}, FilterIndexOf(dialog)};
+  for (const QString& path : dialog.selectedFiles()) choice.paths.push_back(ToUtf8(path));
   directory_ = dialog.directory().absolutePath();
-  return FilesChoice{last_opened_, FilterIndexOf(dialog)};
+  return choice;
 }
 
 std::optional<FileChoice> QtDialogs::ChooseFileToSave(const FileRequest& request) {
@@ -123,13 +120,12 @@ std::optional<FileChoice> QtDialogs::ChooseFileToSave(const FileRequest& request
   dialog.resize(kFileDialogSize);
   ShowWholeColumns(dialog);
   dialog.selectFile(ToQString(request.file_name));
-  last_saved_.clear();
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
   directory_ = dialog.directory().absolutePath();
   const int filter_index = FilterIndexOf(dialog);
-  last_saved_ = ToUtf8(
+  const std::string path = ToUtf8(
       WithExtension(dialog.selectedFiles().constFirst(), dialog.nameFilters()[filter_index - 1]));
-  return FileChoice{last_saved_, filter_index};
+  return FileChoice{path, filter_index};
 }
 
 std::optional<Color> QtDialogs::ChooseColor(Color start) {

@@ -29,21 +29,12 @@ class QtDialogs : public Dialogs {
   std::optional<FileChoice> ChooseFileToSave(const FileRequest& request) override;
   std::optional<Color> ChooseColor(Color start) override;
 
-  // Messages and answers of No since the program started.
-  int Refusals() const { return refusals_; }
-  // Answers of the last file dialogs; empty after Cancel.
-  const std::vector<std::string>& LastOpened() const { return last_opened_; }
-  const std::string& LastSaved() const { return last_saved_; }
-
  private:
   void Show(const QString& caption, std::string_view text);
 
   QWidget* parent_ = nullptr;
   std::function<void(std::string_view)> on_message_;
   QString directory_;
-  int refusals_ = 0;
-  std::vector<std::string> last_opened_;
-  std::string last_saved_;
 };
 
 // "Text|*.a;*.b|..." as the desktop's name filters, each pattern in both cases.

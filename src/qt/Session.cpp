@@ -1,42 +1,117 @@
 #include "qt/Session.h"
 
-#include <QCoreApplication>
+#include <QDir>
+#include <QPalette>
+#include <QProgressBar>
 
-#include "program/Commands.h"
+#include "program/StartEnd.h"
+#include "qt/ThemeIcon.h"
 #include "qt/binding/Text.h"
+#include "qt/views/MainIcons.h"
 #include "qt/views/Views.h"
+#include "support/NumberText.h"
+#include "workspace/Colors.h"
 
 namespace dorvane {
+namespace {
 
-Session::Session()
+constexpr std::string_view kGeometry = "Window";  // base64
+constexpr std::string_view kShare = "WindowShare";
+constexpr const char* kSharePicture = "0.0000";
+
+// The directory of the program's own files, made and filled where it is the user's.
+std::string OwnDirectory(FileLayer& files, const Places& places) {
+  const std::string directory = ProgramDirectory(files, places.current, places.user_data);
+  if (directory != places.current) {
+    QDir().mkpath(ToQString(directory));
+    SeedProgramDirectory(files, places.shipped, directory);
+  }
+  return directory;
+}
+
+QIcon IconOf(const ToolBar&, const QString& key) {
+  return ThemeIcon(IconNameOf(ToUtf8(key)));
+}
+
+}  // namespace
+
+Session::Session(const Places& places, SettingsStore& settings)
     : log(host),
-      views(notices),
-      program({dialogs, files, log, progress, views},
-              ToUtf8(QCoreApplication::applicationDirPath()) + "/"),
+      program({dialogs, files, log, progress, views}, OwnDirectory(files, places)),
+      hourglass(program.view),
+      main(program, host, launcher, settings),
       graph_select(program, host),
       roi_report(program, host),
-      form_views(host) {
+      keys(host),
+      form_views(host, IconOf),
+      places_(places),
+      settings_(settings) {
+  views.Add(hourglass);
+  views.Add(main);
   views.Add(graph_select);
   views.Add(roi_report);
-  form_views.Add(log, [this](FormWindow& window) { LayOut(log, window); });
-  form_views.Add(graph_select, [this](FormWindow& window) { LayOut(graph_select, window); });
-  form_views.Add(roi_report, [this](FormWindow& window) { LayOut(roi_report, window); });
+  AttachForms(main, graph_select, roi_report, log, keys);
+  AddViews();
+  FormWindow* window = form_views.WindowOf(main);
+  dialogs.SetParent(window);
+  dialogs.SetDirectory(ToQString(places.current));
+  progress.SetBar(window->findChild<QProgressBar*>(kProgressBarName));
+  ConnectStatus();
+  RestoreGeometry();
+  main.Ended.Connect([this] { End(); });
 }
 
-void Session::Run(std::string_view command) {
-  emit Begun();
-  progress.Start();
-  RunCommand(program, command);
-  progress.Finish();
-  emit Done();
+Session::~Session() {
+  dialogs.SetParent(nullptr);
 }
 
-void Session::Do(const std::function<void(Program&)>& operation) {
-  emit Begun();
-  progress.Start();
-  RunGuarded(program, operation);
-  progress.Finish();
-  emit Done();
+void Session::AddViews() {
+  const auto add = [this](auto& form) {
+    form_views.Add(form, [&form](FormWindow& window) { LayOut(form, window); });
+  };
+  add(main);
+  add(log);
+  add(graph_select);
+  add(roi_report);
+  add(keys);
+}
+
+void Session::ConnectStatus() {
+  StatusPanel& status = main.status;
+  connect(&progress, &StatusProgress::Begun, this, [&status] { status.Begin(); });
+  connect(&progress, &StatusProgress::Long, this, [&status] { status.BeginLong(); });
+  connect(&progress, &StatusProgress::Ended, this,
+          [&status](bool stopped) { status.End(stopped); });
+  dialogs.OnMessage([&status](std::string_view message) { status.Tell(message); });
+}
+
+void Session::Start() {
+  main.Show();
+  const bool dark = form_views.WindowOf(main)->palette().color(QPalette::Window).lightness() < 128;
+  if (!main.Form_Load(places_.current) && dark) UseColors(program, DarkColors());
+}
+
+void Session::RestoreGeometry() {
+  const auto geometry = settings_.Texts(kGeometry);
+  if (!geometry.empty()) {
+    form_views.WindowOf(main)->restoreGeometry(
+        QByteArray::fromBase64(QByteArray::fromStdString(geometry.front())));
+  }
+  const auto share = settings_.Texts(kShare);
+  if (share.empty()) return;
+  if (const auto value = ParseNumber(share.front())) main.style.fraWinHeight.SetShare(*value);
+}
+
+void Session::KeepGeometry() {
+  const QByteArray geometry = form_views.WindowOf(main)->saveGeometry();
+  settings_.SetTexts(kGeometry, {geometry.toBase64().toStdString()});
+  settings_.SetTexts(kShare, {Picture(main.style.fraWinHeight.Share(), kSharePicture)});
+}
+
+void Session::End() {
+  KeepGeometry();
+  main.Hide();
+  emit Ended();
 }
 
 }  // namespace dorvane

@@ -1,15 +1,19 @@
-// The program of one main window together with what it asks of the desktop.
+// The running program: workspace, forms and their windows, joined with what they ask of the
+// desktop.
 #pragma once
 
 #include <QObject>
-#include <functional>
-#include <string_view>
+#include <string>
 
+#include "forms/AttachForms.h"
+#include "forms/frmDorvane.h"
+#include "forms/frmKeys.h"
 #include "forms/frmLog.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
 #include "program/Program.h"
-#include "qt/Notices.h"
+#include "qt/DesktopLauncher.h"
+#include "qt/Hourglass.h"
 #include "qt/QtDialogs.h"
 #include "qt/StatusProgress.h"
 #include "qt/binding/QtFormHost.h"
@@ -17,32 +21,53 @@
 
 namespace dorvane {
 
+// Where a program starts. All have their closing slash.
+struct Places {
+  std::string current;    // the folder it was started from: file dialogs open there
+  std::string user_data;  // the user's data directory of the desktop
+  std::string shipped;    // holds the files that ship with the program
+};
+
 class Session : public QObject {
   Q_OBJECT
 
  public:
-  Session();
+  // `settings` outlives the session. Makes the program's directory in the user's data directory
+  // when it is the one and isn't there yet.
+  Session(const Places& places, SettingsStore& settings);
+  ~Session() override;
 
-  // Runs a row of the table of commands.
-  void Run(std::string_view command);
-  // Runs an operation behind the same boundary: a fault becomes a box.
-  void Do(const std::function<void(Program&)>& operation);
+  // Shows the main window, then loads the program's own files. Without them the curves are bright
+  // on a dark ground where the desktop is dark.
+  void Start();
 
   QtDialogs dialogs;
   StatusProgress progress;
   QtFormHost host;
   frmLog log;
   SystemFileLayer files;
-  Notices notices;
   ListenerFan views;
+  DesktopLauncher launcher;
   Program program;
+  Hourglass hourglass;
+  frmDorvane main;
   frmSelGraph graph_select;
   frmRoiReport roi_report;
+  frmKeys keys;
   FormViews form_views;  // goes first: the windows are above the forms
 
  signals:
-  void Begun();  // a command or an operation starts
-  void Done();
+  void Ended();  // both files are written and the windows are hidden
+
+ private:
+  void AddViews();
+  void ConnectStatus();
+  void RestoreGeometry();
+  void KeepGeometry();
+  void End();
+
+  const Places places_;
+  SettingsStore& settings_;
 };
 
 }  // namespace dorvane

@@ -31,17 +31,20 @@ bool IsInput(QEvent::Type type) {
 
 }  // namespace
 
-void StatusProgress::Start() {
+void StatusProgress::Begin() {
+  if (++depth_ > 1) return;
   cancelled_ = false;
   shown_ = false;
   since_start_.start();
   since_served_.start();
+  emit Begun();
 }
 
-void StatusProgress::Finish() {
+void StatusProgress::End() {
+  if (--depth_ > 0) return;
   if (bar_) bar_->hide();
-  if (shown_ || cancelled_) emit Ended(cancelled_);
   shown_ = false;
+  emit Ended(cancelled_);
 }
 
 void StatusProgress::Report(int done, int total) {
@@ -49,7 +52,7 @@ void StatusProgress::Report(int done, int total) {
   if (!shown_ && since_start_.elapsed() >= kShowAfterMs) {
     shown_ = true;
     if (bar_) bar_->show();
-    emit Began();
+    emit Long();
   }
   if (shown_ && bar_) {
     bar_->setRange(0, total);

@@ -15,16 +15,15 @@ class StatusProgress : public QObject, public Progress {
 
  public:
   void SetBar(QProgressBar* bar) { bar_ = bar; }
-  // Brackets of every command; nothing is cancelled at the start.
-  void Start();
-  void Finish();
-
+  void Begin() override;
+  void End() override;
   // Lets the window paint and Escape be seen, and nothing else: other keys and clicks are lost.
   void Report(int done, int total) override;
   bool Cancelled() override { return cancelled_; }
 
  signals:
-  void Began();  // the operation has turned out to be a long one
+  void Begun();  // the outermost command
+  void Long();   // it has turned out to be a long one
   void Ended(bool cancelled);
 
  protected:
@@ -37,6 +36,7 @@ class StatusProgress : public QObject, public Progress {
   QPointer<QProgressBar> bar_;
   QElapsedTimer since_start_;
   QElapsedTimer since_served_;
+  int depth_ = 0;  // commands inside of one another
   bool shown_ = false;
   bool cancelled_ = false;
 };

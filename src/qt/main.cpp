@@ -1,16 +1,49 @@
-// The desktop program.
+// The desktop program: dorvane [FILE...]
 #include <QApplication>
+#include <QDir>
+#include <QStandardPaths>
 
-#include "qt/MainWindow.h"
+#include "qt/DesktopSettings.h"
+#include "qt/Session.h"
 #include "qt/ThemeIcon.h"
+#include "qt/binding/Text.h"
 #include "qt/surface/Fonts.h"
+
+namespace {
+
+std::string Folder(const QString& path) {
+  return dorvane::ToUtf8(path) + "/";
+}
+
+// The files that ship with the program stand beside it where it is installed, else in the source's
+// data folder.
+std::string ShippedFolder() {
+  const QString beside = QCoreApplication::applicationDirPath();
+  return QFile::exists(beside + "/crystal.dat") ? Folder(beside) : DORVANE_DATA_DIR;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  QApplication::setApplicationName("Dorvane");
+  QApplication::setApplicationName("dorvane");
+  QApplication::setApplicationDisplayName("Dorvane");
   QApplication::setFont(dorvane::ProgramFont(QApplication::font()));
   QApplication::setWindowIcon(dorvane::ThemeIcon("fit"));
-  dorvane::MainWindow window;
-  window.show();
+  QApplication::setQuitOnLastWindowClosed(false);
+  dorvane::DesktopSettings settings;
+  dorvane::Session session(
+      {Folder(QDir::currentPath()),
+       Folder(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)),
+       ShippedFolder()},
+      settings);
+  QObject::connect(&session, &dorvane::Session::Ended, &application, &QApplication::quit,
+                   Qt::QueuedConnection);
+  session.Start();
+  std::vector<std::string> paths;
+  for (const QString& path : QApplication::arguments().mid(1)) {
+    paths.push_back(dorvane::ToUtf8(QDir::current().absoluteFilePath(path)));
+  }
+  session.main.Drop(paths);
   return QApplication::exec();
 }

@@ -6,6 +6,9 @@ namespace dorvane {
 class Progress {
  public:
   virtual ~Progress() = default;
+  // Brackets of every command; they can be nested. Nothing is cancelled at the outermost Begin.
+  virtual void Begin() {}
+  virtual void End() {}
   // `done` of `total` steps are finished; called between steps.
   virtual void Report(int done, int total) = 0;
   // True once the user has asked to stop; the operation then leaves the tables as they were.

@@ -269,15 +269,6 @@ TEST_F(MainCommandsTest, HelpShowsItsText) {
   Menu("mnuHelp").Choose();
 }
 
-TEST_F(MainCommandsTest, TheListOfKeysHasKeysOfTheFormAndOfTheMenus) {
-  const std::string keys = ListOfKeys();
-  EXPECT_THAT(keys, HasSubstr("Shift+Left: Cursor 20 channels to the left\r\n"));
-  EXPECT_THAT(keys, HasSubstr("Ctrl+O: Open spectra\r\n"));
-  EXPECT_EQ(keys.find("Alt+Left"), keys.rfind("Alt+Left"));
-  dialogs.ExpectCaptionedMessage("Keys", keys);
-  Menu("mnuKeys").Choose();
-}
-
 TEST_F(MainCommandsTest, DroppedFilesTakeThePlaceOfWhatIsThere) {
   OpenFiles(2);
   form.Drop({folder.Path("b.xbm")});

@@ -1,17 +1,22 @@
+// The main form in its window: start, menus and tool bars, boxes, keys, themes.
 #include <gmock/gmock.h>
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QImage>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QRadioButton>
 #include <QSet>
-#include <QTableWidget>
+#include <QTableView>
 #include <QToolBar>
+#include <QToolButton>
 #include <QUrl>
 
 #include "WindowTest.h"
-#include "support/TemporaryFolder.h"
+#include "qt/ThemeIcon.h"
+#include "qt/binding/BindingFixture.h"
+#include "qt/views/MainIcons.h"
 #include "workspace/Colors.h"
 
 namespace dorvane {
@@ -25,8 +30,8 @@ void Drop(QWidget& target, const QMimeData& data) {
   QApplication::sendEvent(&target, &drop);
 }
 
-QMimeData* FilesOf(const std::vector<std::string>& paths) {
-  auto* data = new QMimeData;
+std::unique_ptr<QMimeData> FilesOf(const std::vector<std::string>& paths) {
+  auto data = std::make_unique<QMimeData>();
   QList<QUrl> urls;
   for (const std::string& path : paths) urls << QUrl::fromLocalFile(QString::fromStdString(path));
   data->setUrls(urls);
@@ -43,25 +48,37 @@ int ColorsIn(const QImage& image) {
 
 using MainWindowTest = WindowTest;
 
+TEST_F(MainWindowTest, EveryControlOfEveryFormHasItsWidget) {
+  for (Form* form :
+       std::initializer_list<Form*>{&session->main, &session->graph_select, &session->roi_report,
+                                    &session->log, &session->keys}) {
+    ExpectEveryControlHasItsWidget(*form, *session->form_views.WindowOf(*form));
+  }
+}
+
 TEST_F(MainWindowTest, StartsWithoutAGraph) {
   EXPECT_EQ(Store().GrpCount, 0);
-  EXPECT_EQ(window.windowTitle(), "Dorvane (Data Analyze)");
+  EXPECT_EQ(Window().windowTitle(), "Dorvane (Data Analyze) --- ");
   EXPECT_FALSE(Find<QCheckBox>("chkGrp_0")->isVisible());
   EXPECT_FALSE(Find<QRadioButton>("optEGC_1")->isEnabled());
+}
+
+TEST_F(MainWindowTest, FirstStartMissesItsFileAndTellsWhy) {
+  EXPECT_EQ(start_boxes, QStringList("Para File Read (Open Error)"));
+  EXPECT_TRUE(StatusHint().startsWith("First start"));
 }
 
 TEST_F(MainWindowTest, OpenedSpectrumIsInTheUpperWindow) {
   OpenCorundum();
   EXPECT_EQ(Store().Slots[0].WinNo, 0);
-  EXPECT_EQ(window.windowTitle(), "Dorvane (Data Analyze) --- corundum_ambient.npd");
+  EXPECT_EQ(Window().windowTitle(), "Dorvane (Data Analyze) --- corundum_ambient.npd");
   EXPECT_TRUE(Find<QCheckBox>("chkGrp_0")->isChecked());
   EXPECT_TRUE(Find<QRadioButton>("optEGC_1")->isChecked());
 }
 
 TEST_F(MainWindowTest, DroppedFilesReplaceWhatIsOpen) {
   OpenCorundum();
-  const std::unique_ptr<QMimeData> data(FilesOf({kMgo}));
-  Drop(window, *data);
+  Drop(*Find<QWidget>("picGraph_0"), *FilesOf({kMgo}));
   EXPECT_EQ(Store().GrpCount, 1);
   EXPECT_EQ(Store().Slots[0].Title, "mgo_under_load.npd");
 }
@@ -70,7 +87,7 @@ TEST_F(MainWindowTest, DropWithoutFilesIsNotTaken) {
   OpenCorundum();
   QMimeData data;
   data.setText("corundum");
-  Drop(window, data);
+  Drop(Window(), data);
   EXPECT_EQ(Store().Slots[0].Title, "corundum_ambient.npd");
 }
 
@@ -83,43 +100,26 @@ TEST_F(MainWindowTest, OpenedSpectrumFillsTheWidth) {
 
 TEST_F(MainWindowTest, ChosenRangeStaysForTheNextSpectrum) {
   OpenCorundum();
-  Find<QSpinBox>("imnSpanCh")->setValue(500);
-  window.OpenFiles({kMgo});
+  Type("imnSpanCh", "500");
+  Open(kMgo);
   EXPECT_EQ(View().SpanCh, 500);
-}
-
-TEST_F(MainWindowTest, UnreadFileIsNamedInTheStatusLine) {
-  const TemporaryFolder folder;
-  folder.Put("notes.txt", "no spectrum");
-  window.OpenFiles({kCorundum, folder.Path("notes.txt")});
-  EXPECT_EQ(Store().Slots[0].State, kRowSaved);
-  EXPECT_EQ(StatusHint(), "Not read: notes.txt. Spectra end in .npd, .xbm, .xba or in a number");
 }
 
 TEST_F(MainWindowTest, CheckBoxHidesACurve) {
   OpenCorundum();
-  Find<QCheckBox>("chkGrp_0")->click();
+  Click("chkGrp_0");
   EXPECT_EQ(Store().Slots[0].Disp, kFalse);
-  EXPECT_EQ(window.TheSession().program.spect.CurveOf(0, 0).Shown, kFalse);
+  EXPECT_EQ(session->program.spect.CurveOf(0, 0).Shown, kFalse);
 }
 
 TEST_F(MainWindowTest, CheckBoxOfTheLowerWindowMovesACurveThere) {
   OpenCorundum();
   Trigger("mnuSmooth");
-  Trigger("mnuLowerWindow");
-  Find<QCheckBox>("chkGrp_10")->click();
+  Click("chkGrp_10");
   EXPECT_EQ(Store().Slots[0].WinNo, 1);
   EXPECT_EQ(Store().Slots[1].WinNo, 0);
   EXPECT_FALSE(Find<QCheckBox>("chkGrp_0")->isChecked());
-}
-
-TEST_F(MainWindowTest, MovedCurveIsTheCurrentOneOfItsWindow) {
-  OpenCorundum();
-  Trigger("mnuSmooth");
-  Find<QCheckBox>("chkGrp_10")->click();
   EXPECT_EQ(View().CurWin, 1);
-  EXPECT_EQ(View().SelectedRow[1], 0);
-  EXPECT_EQ(View().SelectedRow[0], 1);
 }
 
 TEST_F(MainWindowTest, ClickOnATitleMakesItsGraphTheCurrentOne) {
@@ -128,16 +128,7 @@ TEST_F(MainWindowTest, ClickOnATitleMakesItsGraphTheCurrentOne) {
   ASSERT_EQ(View().GraphNo, 0);
   QTest::mouseClick(Find<QCheckBox>("chkGrp_1")->parentWidget(), Qt::LeftButton, {}, {100, 12});
   EXPECT_EQ(View().GraphNo, 1);
-  EXPECT_EQ(Find<QAction>("mnuCloseGraph")->text(), "&Close Graph(corundum_ambient.npd)");
-}
-
-TEST_F(MainWindowTest, MenuEntriesSelectTheGraphOfTheirKind) {
-  OpenCorundum();
-  Trigger("mnuSmooth");
-  Trigger("mnuGraphRaw");
-  EXPECT_EQ(Store().Slots[View().GraphNo].Title, "corundum_ambient.npd");
-  Trigger("mnuGraphSmt");
-  EXPECT_EQ(Store().Slots[View().GraphNo].Title, "Smooth");
+  EXPECT_TRUE(Find<QAction>("mnuCloseGraph")->text().contains("(corundum_ambient.npd)"));
 }
 
 TEST_F(MainWindowTest, MainJobRunsFromTheMenu) {
@@ -153,13 +144,6 @@ TEST_F(MainWindowTest, MainJobRunsFromTheMenu) {
   EXPECT_TRUE(Find<QLabel>("lblPeaks")->text().endsWith(" fitted"));
 }
 
-TEST_F(MainWindowTest, UnitSelectorOffersAllSeven) {
-  auto* units = Find<QComboBox>("cboUnitX");
-  QStringList texts;
-  for (int i = 0; i < units->count(); ++i) texts << units->itemText(i);
-  EXPECT_EQ(texts, QStringList({"Ch", "Kev", "Ev", "d:\u212B", "\u212B", "Q\u212B", "2\u03B8"}));
-}
-
 TEST_F(MainWindowTest, UnitOfTheMenuShowsInTheSelector) {
   Trigger("mnuUnit_3");
   EXPECT_EQ(View().DispUnit, 3);
@@ -168,25 +152,33 @@ TEST_F(MainWindowTest, UnitOfTheMenuShowsInTheSelector) {
 
 TEST_F(MainWindowTest, ReadOutsFollowATypedChannel) {
   OpenCorundum();
-  Find<QSpinBox>("inumCursorCh")->setValue(499);
+  Type("inumCursorCh", "499");
   EXPECT_EQ(View().CursorCh, 499);
   // 0.0226609 + 0.0647732 * 500 + 3.87721E-8 * 500 * 500, by the coefficients of the file.
-  EXPECT_EQ(Find<QLabel>("inumCursorDisp_0")->text(), "32.419");
-  EXPECT_EQ(Find<QLabel>("inumCursorCnt_0")->text().toInt(),
+  EXPECT_EQ(Find<QLineEdit>("inumCursorDisp_0")->text(), "32.419");
+  EXPECT_EQ(Find<QLineEdit>("inumCursorCnt_0")->text().toInt(),
             Store().Channels[View().DataNo].Counts[499]);
+}
+
+TEST_F(MainWindowTest, TypedValueGivesTheFocusBackToTheGraph) {
+  OpenCorundum();
+  Type("inumCursorCh", "499");
+  EXPECT_EQ(QApplication::focusWidget(), Find<QWidget>("picGraph_0"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+  EXPECT_EQ(View().CursorCh, 500);
 }
 
 TEST_F(MainWindowTest, CalibrationOfTheFileIsShownAndCanBeLeft) {
   OpenCorundum();
-  EXPECT_EQ(Find<QLabel>("lblEGC_1")->toolTip(), "0.022661Ch^2+0.064773Ch+0.000000");
-  EXPECT_EQ(Find<QLabel>("txt2Theta_1")->text(), "6.51160\u00B0");
-  Find<QRadioButton>("optEGC_0")->click();
+  EXPECT_EQ(Find<QLabel>("lblEGC_1")->text(), "0.022661Ch^2+0.064773Ch+0.000000");
+  EXPECT_EQ(Find<QLineEdit>("txt2Theta_1")->text(), "6.51160");
+  Click("optEGC_0");
   EXPECT_EQ(Store().UseFileEgc, 0);
-  EXPECT_EQ(Find<QLabel>("inumCursorDisp_0")->text(), "0.000");
+  EXPECT_EQ(Find<QLineEdit>("inumCursorDisp_0")->text(), "0.000");
 }
 
 TEST_F(MainWindowTest, LogScaleOfStripAndMenuAgree) {
-  Find<QCheckBox>("ckbLogScale")->click();
+  Click("ckbLogScale");
   EXPECT_TRUE(Find<QAction>("mnuLogarithmic")->isChecked());
   Trigger("mnuLogarithmic");
   EXPECT_FALSE(Find<QCheckBox>("ckbLogScale")->isChecked());
@@ -199,6 +191,122 @@ TEST_F(MainWindowTest, OneOfTheDrawingModesIsMarked) {
   EXPECT_FALSE(Find<QAction>("mnuPaint")->isChecked());
 }
 
+TEST_F(MainWindowTest, CommandsThatComeLaterAreDisabledAndSaySo) {
+  int later = 0;
+  for (const QAction* action : Window().findChildren<QAction*>()) {
+    if (!action->toolTip().startsWith("Comes with a later version")) continue;
+    ++later;
+    EXPECT_FALSE(action->isEnabled()) << action->objectName().toStdString();
+  }
+  EXPECT_GT(later, 0);
+}
+
+TEST_F(MainWindowTest, EveryButtonHasAnIconAndATip) {
+  for (const QToolBar* bar : Window().findChildren<QToolBar*>()) {
+    for (const QAction* action : bar->actions()) {
+      const QString key = action->objectName().section('_', 1);
+      EXPECT_FALSE(ThemeIcon(IconNameOf(key.toStdString())).isNull()) << key.toStdString();
+      EXPECT_FALSE(action->toolTip().isEmpty()) << key.toStdString();
+    }
+  }
+}
+
+TEST_F(MainWindowTest, NoTwoActionsShareAKey) {
+  QSet<QString> keys;
+  for (const QAction* action : Window().findChildren<QAction*>()) {
+    const QString key = action->shortcut().toString();
+    if (key.isEmpty()) continue;
+    EXPECT_FALSE(keys.contains(key)) << key.toStdString();
+    keys << key;
+  }
+}
+
+TEST_F(MainWindowTest, EveryTipOfAnActionNamesItsKey) {
+  for (const QAction* action : Window().findChildren<QAction*>()) {
+    if (action->shortcut().isEmpty() || !action->isEnabled()) continue;
+    EXPECT_TRUE(action->toolTip().contains(action->shortcut().toString()))
+        << action->objectName().toStdString() << action->toolTip().toStdString();
+  }
+}
+
+TEST_F(MainWindowTest, MessageIsABoxAndTheStatusLineSaysWhatToDo) {
+  const BoxAnswerer boxes;
+  Trigger("mnuSmooth");
+  EXPECT_EQ(boxes.Texts(), QStringList("ShiftGraph: Data Notting!"));
+  EXPECT_EQ(StatusHint(), "Open a spectrum first: Ctrl+O");
+}
+
+TEST_F(MainWindowTest, HintGoesWithTheNextCommand) {
+  const BoxAnswerer boxes;
+  Trigger("mnuSmooth");
+  Trigger("mnuLogarithmic");
+  EXPECT_EQ(StatusHint(), "");
+}
+
+TEST_F(MainWindowTest, UnreadFilesAreNamedInTheStatusLine) {
+  folder.Put("notes.txt", "no spectrum");
+  session->main.Drop({kCorundum, folder.Path("notes.txt")});
+  EXPECT_EQ(StatusHint(), "Not read: notes.txt. Spectra end in .npd, .xbm, .xba or in a number");
+}
+
+TEST_F(MainWindowTest, FaultBecomesABoxAndTheProgramGoesOn) {
+  const BoxAnswerer boxes;
+  session->main.commands.Bind("mnuKeys", [] { throw Fault(FaultCode::DivisionByZero); });
+  Trigger("mnuKeys");
+  EXPECT_EQ(boxes.Texts(), QStringList(FaultText(FaultCode::DivisionByZero)));
+  OpenCorundum();
+  EXPECT_EQ(Store().GrpCount, 1);
+}
+
+TEST_F(MainWindowTest, HelpShowsItsText) {
+  const BoxAnswerer boxes;
+  Trigger("mnuHelp");
+  EXPECT_EQ(boxes.Texts(), QStringList("Please read 'ReadMe.txt'"));
+}
+
+TEST_F(MainWindowTest, WindowsBesideTheMainWindowOpenFromTheMenu) {
+  OpenCorundum();
+  for (const char* name : {"mnuSelGraph", "mnuRoiReport", "mnuLogText", "mnuKeys"}) Trigger(name);
+  for (Form* form : std::initializer_list<Form*>{&session->graph_select, &session->roi_report,
+                                                 &session->log, &session->keys}) {
+    EXPECT_TRUE(session->form_views.WindowOf(*form)->isVisible()) << form->Name();
+  }
+  EXPECT_EQ(session->graph_select.sprGraphSel.Text(1, 4), "corundum_ambient.npd");
+}
+
+TEST_F(MainWindowTest, ExpansionOpensAClosedLowerWindow) {
+  session->main.style.fraWinHeight.DoubleClick();
+  QTest::qWait(20);
+  ASSERT_TRUE(Find<QWidget>("picGraph_1")->visibleRegion().isEmpty());
+  Trigger("mnuExpandOn");
+  QTest::qWait(20);
+  EXPECT_GT(Find<QWidget>("picGraph_1")->visibleRegion().boundingRect().height(), 60);
+  EXPECT_EQ(session->program.spect.AliasView(), 1);
+}
+
+TEST_F(MainWindowTest, JapaneseTextsShowInListAndHeadLine) {
+  OpenCorundum();
+  Store().Spectra[0].SampName.Set("酸化アルミニウム");
+  Store().Slots[0].Title = "コランダム.npd";
+  Add_cboGraphSel(session->program.List());
+  EXPECT_TRUE(Find<QLabel>("lblTitle_0")->text().contains("酸化アルミニウム"));
+  EXPECT_TRUE(Find<QCheckBox>("chkGrp_0")->parentWidget()->toolTip().startsWith("コランダム.npd"));
+  EXPECT_EQ(Find<QComboBox>("cboGrphSel_0")->currentText(), "1 コランダム.npd");
+}
+
+TEST_F(MainWindowTest, PictureOfTheGraphIsNotUniform) {
+  OpenCorundum();
+  EXPECT_GT(ColorsIn(Find<QWidget>("picGraph_0")->grab().toImage()), 5);
+}
+
+TEST_F(MainWindowTest, FitsASmallScreen) {
+  Window().resize(1000, 700);
+  QTest::qWait(20);
+  EXPECT_EQ(Window().size(), QSize(1000, 700));
+  OpenCorundum();
+  EXPECT_EQ(Window().size(), QSize(1000, 700));
+}
+
 struct KeyStep {
   Qt::Key key;
   Qt::KeyboardModifiers modifiers;
@@ -206,11 +314,15 @@ struct KeyStep {
 };
 class CursorKeys : public WindowTest, public testing::WithParamInterface<KeyStep> {};
 
-TEST_P(CursorKeys, MoveTheCursor) {
+TEST_P(CursorKeys, MoveTheCursorWhereverTheFocusIs) {
   OpenCorundum();
-  Find<QSpinBox>("inumCursorCh")->setValue(100);
-  QTest::keyClick(Find<QWidget>("picGraph_0"), GetParam().key, GetParam().modifiers);
-  EXPECT_EQ(View().CursorCh, GetParam().channel);
+  for (const char* focus : {"picGraph_0", "chkWinStyle", "ckbLogScale", "cmdWider", "picGraph_1"}) {
+    Type("inumCursorCh", "100");
+    auto* widget = Find<QWidget>(focus);
+    widget->setFocus();
+    QTest::keyClick(widget, GetParam().key, GetParam().modifiers);
+    EXPECT_EQ(View().CursorCh, GetParam().channel) << focus;
+  }
 }
 INSTANTIATE_TEST_SUITE_P(Keys, CursorKeys,
                          testing::Values(KeyStep{Qt::Key_Left, Qt::NoModifier, 99},
@@ -218,6 +330,16 @@ INSTANTIATE_TEST_SUITE_P(Keys, CursorKeys,
                                          KeyStep{Qt::Key_Left, Qt::ShiftModifier, 80},
                                          KeyStep{Qt::Key_Right, Qt::ShiftModifier, 120},
                                          KeyStep{Qt::Key_Right, Qt::KeypadModifier, 101}));
+
+TEST_F(MainWindowTest, AltAndArrowsJumpToPeaks) {
+  OpenCorundum();
+  Trigger("mnuPeakAllIns");
+  Type("inumCursorCh", "600");
+  QTest::keyClick(Find<QWidget>("picGraph_0"), Qt::Key_Right, Qt::AltModifier);
+  EXPECT_NEAR(View().CursorCh, 661, 3);  // the strongest line of the spectrum
+  QTest::keyClick(Find<QWidget>("picGraph_0"), Qt::Key_Left, Qt::AltModifier);
+  EXPECT_LT(View().CursorCh, 600);
+}
 
 TEST_F(MainWindowTest, UpAndDownChangeTheHeightOfTheScale) {
   OpenCorundum();
@@ -237,187 +359,57 @@ TEST_F(MainWindowTest, KeyPadChangesSpanAndScale) {
   EXPECT_EQ(View().SpanCh, 2048);
   QTest::keyClick(graph, Qt::Key_Period, Qt::KeypadModifier);
   EXPECT_EQ(View().LogScale, kTrue);
+  QTest::keyClick(graph, Qt::Key_Comma, Qt::KeypadModifier);
+  EXPECT_EQ(View().LogScale, kFalse);
 }
 
-TEST_F(MainWindowTest, FocusedFieldKeepsItsKeys) {
+TEST_F(MainWindowTest, FocusedBoxKeepsItsKeys) {
   OpenCorundum();
-  auto* span = Find<QSpinBox>("imnSpanCh");
+  auto* span = Find<QLineEdit>("imnSpanCh");
   span->setFocus();
+  span->setCursorPosition(4);
   QTest::keyClick(span, Qt::Key_Left);
+  EXPECT_EQ(span->cursorPosition(), 3);
   EXPECT_EQ(View().CursorCh, 0);
-  QTest::keyClick(span, Qt::Key_Down);
-  EXPECT_EQ(View().SpanCh, 2047);
+  QTest::keyClick(span, Qt::Key_Plus, Qt::KeypadModifier);
+  EXPECT_EQ(View().SpanCh, 2048);
 }
 
-TEST_F(MainWindowTest, CommandsThatComeLaterAreDisabledAndSaySo) {
-  for (const char* name : {"mnuPrint", "mnuProperty", "mnuCons", "mnuSetCons", "mnuPeakReport"}) {
-    EXPECT_FALSE(Find<QAction>(name)->isEnabled()) << name;
-    EXPECT_EQ(Find<QAction>(name)->toolTip(), "Comes with a later version") << name;
-  }
-}
-
-TEST_F(MainWindowTest, ToolBarsHoldOnlyWhatWorks) {
-  for (const QToolBar* bar : window.findChildren<QToolBar*>()) {
-    for (const QAction* action : bar->actions()) {
-      EXPECT_TRUE(action->isEnabled()) << action->objectName().toStdString();
-      EXPECT_FALSE(action->icon().isNull()) << action->objectName().toStdString();
-      EXPECT_FALSE(action->toolTip().isEmpty()) << action->objectName().toStdString();
-    }
-  }
-}
-
-TEST_F(MainWindowTest, NoTwoActionsShareAKey) {
-  QSet<QString> keys;
-  for (const QAction* action : window.findChildren<QAction*>()) {
-    const QString key = action->shortcut().toString();
-    if (key.isEmpty()) continue;
-    EXPECT_FALSE(keys.contains(key)) << key.toStdString();
-    keys << key;
-  }
-}
-
-TEST_F(MainWindowTest, MessageIsABoxAndTheStatusLineSaysWhatToDo) {
-  const BoxAnswerer boxes;
-  Trigger("mnuSmooth");
-  EXPECT_EQ(boxes.Texts(), QStringList("ShiftGraph: Data Notting!"));
-  EXPECT_EQ(StatusHint(), "Open a spectrum first: Ctrl+O");
-}
-
-TEST_F(MainWindowTest, HintGoesWithTheNextCommand) {
-  const BoxAnswerer boxes;
-  Trigger("mnuSmooth");
-  Trigger("mnuLogarithmic");
-  EXPECT_EQ(StatusHint(), "");
-}
-
-TEST_F(MainWindowTest, SaveWithoutAGraphSaysNoData) {
-  const BoxAnswerer boxes;
-  Trigger("mnuSave");
-  EXPECT_EQ(boxes.Texts(), QStringList("No Data"));
-}
-
-TEST_F(MainWindowTest, StatusLineSaysWhyTheNumbersHaveRunOut) {
-  const BoxAnswerer boxes;
-  const TemporaryFolder folder;
-  folder.Put("notes.txt", "no spectrum");
-  window.OpenFiles(std::vector<std::string>(10, folder.Path("notes.txt")));
-  // The next open frees the number of row 0 alone.
-  window.OpenFiles({kCorundum, kMgo});
-  EXPECT_EQ(boxes.Texts(), QStringList("GetGraphSpace: Notting Space!"));
-  EXPECT_EQ(StatusHint(),
-            "Not read: mgo_under_load.npd. 9 of the ten numbers are held by files that could not "
-            "be read: start the program again to free them");
-}
-
-TEST_F(MainWindowTest, FaultBecomesABoxAndTheProgramGoesOn) {
-  const BoxAnswerer boxes;
-  window.TheSession().Do([](Program&) { throw Fault(FaultCode::DivisionByZero); });
-  EXPECT_EQ(boxes.Texts(), QStringList(FaultText(FaultCode::DivisionByZero)));
+TEST_F(MainWindowTest, FocusedListKeepsItsArrows) {
   OpenCorundum();
-  EXPECT_EQ(Store().GrpCount, 1);
+  auto* units = Find<QComboBox>("cboUnitX");
+  units->setFocus();
+  QTest::keyClick(units, Qt::Key_Down);
+  EXPECT_EQ(View().DispUnit, 1);
+  QTest::keyClick(units, Qt::Key_Plus, Qt::KeypadModifier);
+  EXPECT_EQ(View().SpanCh, 1024);
 }
 
-TEST_F(MainWindowTest, NoToTheQuestionKeepsAllPeaks) {
-  OpenCorundum();
-  Trigger("mnuPeakAllIns");
-  const int peaks = Store().Peaks[View().DataNo].Count;
-  ASSERT_GT(peaks, 0);
-  const BoxAnswerer boxes(QMessageBox::No);
-  Trigger("mnuPeakDelete");
-  EXPECT_EQ(boxes.Texts(), QStringList("It will deletes peaks in the range of the area cursor"));
-  EXPECT_EQ(Store().Peaks[View().DataNo].Count, peaks);
-}
-
-TEST_F(MainWindowTest, NoAtTheEndKeepsTheProgramRunning) {
-  OpenCorundum();
-  Store().Slots[0].State = kRowUnsaved;
-  const BoxAnswerer boxes(QMessageBox::No);
-  Trigger("mnuExit");
-  EXPECT_TRUE(window.isVisible());
-  EXPECT_EQ(boxes.Texts(), QStringList("File No Save.  Grp=1 (Do you Cansel?)"));
-}
-
-TEST_F(MainWindowTest, ExitClosesTheWindow) {
-  OpenCorundum();
-  Trigger("mnuExit");
-  EXPECT_FALSE(window.isVisible());
-}
-
-TEST_F(MainWindowTest, HelpAndVersionShowTheirTexts) {
-  const BoxAnswerer boxes;
-  Trigger("mnuHelp");
-  Trigger("mnuVersion");
-  EXPECT_EQ(boxes.Texts().first(), "Please read 'ReadMe.txt'");
-  EXPECT_EQ(boxes.Captions().last(), "Dorvane Ver 1.2004.01.05");
-}
-
-TEST_F(MainWindowTest, ListOfKeysNamesEveryShortcut) {
-  QStringList keys;
-  QTimer::singleShot(20, &window, [&] {
-    auto* dialog = QApplication::activeModalWidget();
-    auto* table = dialog->findChild<QTableWidget*>();
-    for (int row = 0; row < table->rowCount(); ++row) keys << table->item(row, 0)->text();
-    dialog->close();
-  });
-  Trigger("mnuKeys");
-  for (const char* key : {"Ctrl+O", "Ctrl+S", "Ctrl+Q", "Shift+Left", "Alt+Right", "Wheel"}) {
-    EXPECT_TRUE(keys.contains(key)) << key;
-  }
-}
-
-TEST_F(MainWindowTest, JapaneseTextsShowInListAndHeadLine) {
-  OpenCorundum();
-  Store().Spectra[0].SampName.Set("酸化アルミニウム");
-  Store().Slots[0].Title = "コランダム.npd";
-  window.TheSession().Do([](Program& program) { Add_cboGraphSel(program.List()); });
-  EXPECT_TRUE(Find<QLabel>("lblTitle_0")->text().contains("酸化アルミニウム"));
-  EXPECT_TRUE(Find<QCheckBox>("chkGrp_0")->parentWidget()->toolTip().startsWith("コランダム.npd"));
-}
-
-TEST_F(MainWindowTest, PictureOfTheWindowIsNotUniform) {
-  OpenCorundum();
-  const QImage picture = window.grab().toImage();
-  EXPECT_EQ(picture.width(), window.width());
-  const QImage graph = Find<QWidget>("picGraph_0")->grab().toImage();
-  EXPECT_GT(ColorsIn(graph), 5);
-}
-
-TEST_F(MainWindowTest, LowerWindowOpensAndCloses) {
-  EXPECT_EQ(Find<QWidget>("fraGraph_1")->visibleRegion().isEmpty(), true);
-  Trigger("mnuLowerWindow");
-  EXPECT_TRUE(Find<QAction>("mnuLowerWindow")->isChecked());
-  EXPECT_GT(Find<QWidget>("picGraph_1")->height(), 60);
-}
-
-TEST_F(MainWindowTest, FitsASmallScreen) {
-  window.resize(1000, 700);
-  QTest::qWait(20);
-  EXPECT_EQ(window.size(), QSize(1000, 700));
-  OpenCorundum();
-  EXPECT_EQ(window.size(), QSize(1000, 700));
-}
-
-TEST(DarkDesktop, GivesADarkGroundAndBrightCurves) {
+TEST(DarkDesktop, GivesADarkGroundAndBrightCurvesAtTheFirstStart) {
   const QPalette before = QApplication::palette();
   QPalette dark = before;
   dark.setColor(QPalette::Window, QColor(40, 40, 44));
   QApplication::setPalette(dark);
   {
-    MainWindow window;
-    EXPECT_TRUE(HasDarkGround(window.TheSession().program.workspace.ColorTbl));
-    window.resize(1280, 800);
-    const QImage graph = window.findChild<QWidget*>("picGraph_0")->grab().toImage();
-    EXPECT_LT(QColor(graph.pixel(3, 3)).lightness(), 60);
+    const TemporaryFolder folder;
+    MemorySettings settings;
+    Session session({folder.Path(""), folder.Path("home/"), ""}, settings);
+    const BoxAnswerer boxes;
+    session.Start();
+    EXPECT_TRUE(HasDarkGround(session.program.workspace.ColorTbl));
+    auto* graph = session.form_views.WindowOf(session.main)->findChild<QWidget*>("picGraph_0");
+    EXPECT_LT(QColor(graph->grab().toImage().pixel(3, 3)).lightness(), 60);
+    session.main.style.chkWinStyle.SetChecked(true);
   }
   QApplication::setPalette(before);
 }
 
-TEST(MainWindowValues, TwoWindowsDoNotKnowOfEachOther) {
-  MainWindow first;
-  MainWindow second;
-  first.OpenFiles({kCorundum});
-  EXPECT_EQ(first.TheSession().program.workspace.GrpCount, 1);
-  EXPECT_EQ(second.TheSession().program.workspace.GrpCount, 0);
+TEST_F(MainWindowTest, TwoSessionsDoNotKnowOfEachOther) {
+  const TemporaryFolder other_folder;
+  Session other({other_folder.Path(""), other_folder.Path("home/"), ""}, settings);
+  other.main.Drop({kCorundum});
+  EXPECT_EQ(other.program.workspace.GrpCount, 1);
+  EXPECT_EQ(Store().GrpCount, 0);
 }
 
 }  // namespace

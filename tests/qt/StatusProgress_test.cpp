@@ -1,8 +1,10 @@
 #include "qt/StatusProgress.h"
 
+#include <QProgressBar>
 #include <QSignalSpy>
 
 #include "WindowTest.h"
+#include "program/Commands.h"
 
 namespace dorvane {
 namespace {
@@ -12,9 +14,9 @@ class StatusProgressTest : public WindowTest {
   // An operation of so many steps that asks between them whether it shall stop.
   int StepsUntilStopped(
       int steps, const std::function<void(int)>& at_step = [](int) {}) {
-    StatusProgress& progress = window.TheSession().progress;
+    StatusProgress& progress = session->progress;
     int done = 0;
-    window.TheSession().Do([&](Program&) {
+    RunGuarded(session->program, [&](Program&) {
       for (; done < steps && !progress.Cancelled(); ++done) {
         at_step(done);
         QTest::qSleep(45);
@@ -32,7 +34,7 @@ TEST_F(StatusProgressTest, RunsToTheEndUndisturbed) {
 TEST_F(StatusProgressTest, EscapeStopsTheOperation) {
   const int done = StepsUntilStopped(20, [this](int step) {
     if (step == 2) {
-      QTimer::singleShot(0, &window, [this] { QTest::keyClick(&window, Qt::Key_Escape); });
+      QTimer::singleShot(0, &Window(), [this] { QTest::keyClick(&Window(), Qt::Key_Escape); });
     }
   });
   EXPECT_LT(done, 20);
@@ -44,7 +46,7 @@ TEST_F(StatusProgressTest, OtherKeysAndClicksAreHeldBack) {
   auto* graph = Find<QWidget>("picGraph_0");
   StepsUntilStopped(6, [&](int step) {
     if (step != 1) return;
-    QTimer::singleShot(0, &window, [&] {
+    QTimer::singleShot(0, &Window(), [&] {
       QTest::keyClick(graph, Qt::Key_Right);
       QTest::mouseClick(graph, Qt::LeftButton, {}, {200, 40});
     });
@@ -53,9 +55,9 @@ TEST_F(StatusProgressTest, OtherKeysAndClicksAreHeldBack) {
 }
 
 TEST_F(StatusProgressTest, ShortOperationShowsNoBar) {
-  const QSignalSpy began(&window.TheSession().progress, &StatusProgress::Began);
+  const QSignalSpy turned_long(&session->progress, &StatusProgress::Long);
   StepsUntilStopped(2);
-  EXPECT_EQ(began.count(), 0);
+  EXPECT_EQ(turned_long.count(), 0);
 }
 
 TEST_F(StatusProgressTest, LongOperationShowsTheBarUntilItsEnd) {
@@ -69,10 +71,19 @@ TEST_F(StatusProgressTest, LongOperationShowsTheBarUntilItsEnd) {
 TEST_F(StatusProgressTest, NextOperationStartsUncancelled) {
   StepsUntilStopped(8, [this](int step) {
     if (step == 0) {
-      QTimer::singleShot(0, &window, [this] { QTest::keyClick(&window, Qt::Key_Escape); });
+      QTimer::singleShot(0, &Window(), [this] { QTest::keyClick(&Window(), Qt::Key_Escape); });
     }
   });
   EXPECT_EQ(StepsUntilStopped(2), 2);
+}
+
+TEST_F(StatusProgressTest, CommandInsideOfACommandEndsNothing) {
+  const QSignalSpy ended(&session->progress, &StatusProgress::Ended);
+  RunGuarded(session->program, [&](Program& program) {
+    RunGuarded(program, [](Program&) {});
+    EXPECT_EQ(ended.count(), 0);
+  });
+  EXPECT_EQ(ended.count(), 1);
 }
 
 }  // namespace

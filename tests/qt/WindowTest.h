@@ -1,11 +1,13 @@
-// A main window under test: an application without a display, boxes that are answered, widgets by
-// name.
+// The running program under test: an application without a display, boxes that are answered,
+// widgets by name.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -13,7 +15,9 @@
 #include <string>
 #include <vector>
 
-#include "qt/MainWindow.h"
+#include "qt/Session.h"
+#include "support/MemorySettings.h"
+#include "support/TemporaryFolder.h"
 
 namespace dorvane {
 
@@ -60,26 +64,49 @@ inline const std::string kSamples = DORVANE_SOURCE_DIR "/samples/";
 inline const std::string kCorundum = kSamples + "corundum_ambient.npd";
 inline const std::string kMgo = kSamples + "mgo_under_load.npd";
 
+// A program that has started in an empty folder.
 class WindowTest : public testing::Test {
  protected:
-  void SetUp() override {
-    window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+  void SetUp() override { Start(); }
+
+  // Also again, after the program has ended.
+  void Start() {
+    session = std::make_unique<Session>(
+        Places{folder.Path(""), folder.Path("home/"), DORVANE_SOURCE_DIR "/data/"}, settings);
+    const BoxAnswerer boxes;
+    session->Start();
+    start_boxes = boxes.Texts();
+    Window().activateWindow();  // no window manager does it after the boxes
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
   }
 
+  FormWindow& Window() { return *session->form_views.WindowOf(session->main); }
   template <class Widget>
   Widget* Find(const char* name) {
-    auto* widget = window.findChild<Widget*>(name);
+    auto* widget = Window().findChild<Widget*>(name);
     EXPECT_NE(widget, nullptr) << name;
     return widget;
   }
   void Trigger(const char* action) { Find<QAction>(action)->trigger(); }
-  void OpenCorundum() { window.OpenFiles({kCorundum}); }
-  const ViewState& View() { return window.TheSession().program.view; }
-  Workspace& Store() { return window.TheSession().program.workspace; }
-  QString StatusHint() { return Find<QLabel>("lblHint")->toolTip(); }
+  void Click(const char* name) { Find<QAbstractButton>(name)->click(); }
+  void Type(const char* name, const QString& text) {
+    auto* edit = Find<QLineEdit>(name);
+    edit->setFocus();
+    edit->selectAll();
+    QTest::keyClicks(edit, text);
+    QTest::keyClick(edit, Qt::Key_Return);
+    QCoreApplication::processEvents();
+  }
+  void Open(const std::string& path) { session->main.Drop({path}); }
+  void OpenCorundum() { Open(kCorundum); }
+  const ViewState& View() { return session->program.view; }
+  Workspace& Store() { return session->program.workspace; }
+  QString StatusHint() { return Find<QLabel>("lblHint")->text(); }
 
-  MainWindow window;
+  TemporaryFolder folder;
+  MemorySettings settings;
+  std::unique_ptr<Session> session;
+  QStringList start_boxes;
 };
 
 }  // namespace dorvane

@@ -40,6 +40,15 @@ QObject* FormWindow::ObjectOf(const Control& control) const {
   return found == objects_.end() ? nullptr : found->second;
 }
 
+Control* FormWindow::ControlOf(const QWidget* widget) const {
+  for (; widget != nullptr && widget != this; widget = widget->parentWidget()) {
+    for (Control* control : form_.Controls().All()) {
+      if (ObjectOf(*control) == widget) return control;
+    }
+  }
+  return nullptr;
+}
+
 QWidget* FormWindow::Page(const Tabs& tabs, int index) const {
   return As<QTabWidget>(tabs)->widget(index);
 }

@@ -34,6 +34,8 @@ class FormWindow : public QMainWindow {
   Widget* As(const Control& control) const {
     return qobject_cast<Widget*>(ObjectOf(control));
   }
+  // The control whose widget holds this one, or is it; nullptr where there is none.
+  Control* ControlOf(const QWidget* widget) const;
   // The page of a tab, counted from 0.
   QWidget* Page(const Tabs& tabs, int index) const;
   // A new label with the caption of a control that has no place for it, enabled and visible as the

@@ -62,6 +62,11 @@ void PictureView::SetPicture(Paint paint) {
   update();
 }
 
+void PictureView::SetOpaque() {
+  opaque_ = true;
+  setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
 void PictureView::SetOverlay(Paint paint) {
   overlay_ = std::move(paint);
   update();
@@ -73,7 +78,7 @@ void PictureView::paintEvent(QPaintEvent*) {
   if (picture_ && (cache_.isNull() || cache_.size() != pixels)) {
     cache_ = QPixmap(pixels);
     cache_.setDevicePixelRatio(ratio);
-    cache_.fill(Qt::transparent);
+    cache_.fill(opaque_ ? Qt::black : Qt::transparent);
     QPainter painter(&cache_);
     painter.setFont(font());
     picture_(painter, QRectF(rect()));

@@ -1,9 +1,12 @@
 #include "qt/binding/RangeWidgets.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <QSplitterHandle>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 #include <QToolButton>
@@ -55,6 +58,35 @@ QToolButton* Arrow(const UpDown& control, const char* end, Qt::ArrowType arrow, 
   button->setFixedSize(20, 14);
   return button;
 }
+
+constexpr int kHandleHeight = 8;
+constexpr int kGripWidth = 48;
+
+class GripHandle : public QSplitterHandle {
+ public:
+  GripHandle(Splitter& control, QSplitter* splitter)
+      : QSplitterHandle(Qt::Vertical, splitter), control_(control) {
+    setToolTip(ToQString(control.Tip()));
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    QColor grip = palette().color(underMouse() ? QPalette::Highlight : QPalette::WindowText);
+    if (!underMouse()) grip.setAlphaF(0.35F);
+    painter.setBrush(grip);
+    painter.drawRoundedRect(QRectF((width() - kGripWidth) / 2.0, height() / 2.0 - 2, kGripWidth, 4),
+                            2, 2);
+  }
+  void mouseDoubleClickEvent(QMouseEvent*) override { control_.DoubleClick(); }
+  void enterEvent(QEnterEvent*) override { update(); }
+  void leaveEvent(QEvent*) override { update(); }
+
+ private:
+  Splitter& control_;
+};
 
 }  // namespace
 
@@ -119,13 +151,17 @@ void UpDownView::focusOutEvent(QFocusEvent*) {
 
 SplitterView::SplitterView(Splitter& control, QWidget* parent)
     : QSplitter(Qt::Vertical, parent), control_(control) {
-  setHandleWidth(8);
+  setHandleWidth(kHandleHeight);
   Mirror(control, this, [this] { Follow(); });
   connect(this, &QSplitter::splitterMoved, this, [this] {
     const QList<int> parts = sizes();
     const int whole = parts.value(0) + parts.value(1);
     if (whole > 0) control_.SetShare(static_cast<double>(parts[0]) / whole);
   });
+}
+
+QSplitterHandle* SplitterView::createHandle() {
+  return new GripHandle(control_, this);
 }
 
 void SplitterView::resizeEvent(QResizeEvent* event) {
@@ -135,6 +171,7 @@ void SplitterView::resizeEvent(QResizeEvent* event) {
 
 void SplitterView::Follow() {
   if (count() != 2) return;
+  setCollapsible(0, false);
   const int whole = height() - handleWidth();
   const int upper = qRound(control_.Share() * whole);
   if (whole > 0 && sizes().value(0) != upper) setSizes({upper, whole - upper});

@@ -32,8 +32,8 @@ class UpDownView : public QWidget {
   UpDown& control_;
 };
 
-// A divider between two widgets, one above the other, that a view adds. The share stays when the
-// size changes.
+// A divider between two widgets, one above the other, that a view adds: a grip that can be seen.
+// The share stays when the size changes; the lower widget can be closed, the upper one can't.
 class SplitterView : public QSplitter {
   Q_OBJECT
 
@@ -41,6 +41,7 @@ class SplitterView : public QSplitter {
   SplitterView(Splitter& control, QWidget* parent);
 
  protected:
+  QSplitterHandle* createHandle() override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:

@@ -2,7 +2,6 @@
 
 #include <QCheckBox>
 #include <QGroupBox>
-#include <QLabel>
 #include <QPushButton>
 #include <QTimer>
 
@@ -10,6 +9,7 @@
 #include "forms/Grid.h"
 #include "forms/PictureBox.h"
 #include "qt/binding/GridView.h"
+#include "qt/binding/LabelView.h"
 #include "qt/binding/ListWidgets.h"
 #include "qt/binding/Mirror.h"
 #include "qt/binding/PictureView.h"
@@ -19,6 +19,20 @@
 #include "qt/binding/TextWidgets.h"
 
 namespace dorvane {
+namespace {
+
+// Without a caption a frame holds its controls together and is not seen.
+class FrameView : public QGroupBox {
+ public:
+  using QGroupBox::QGroupBox;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    if (!title().isEmpty()) QGroupBox::paintEvent(event);
+  }
+};
+
+}  // namespace
 
 WidgetMaker::WidgetMaker(QMainWindow& window, QWidget* holder, IconOfKey icon)
     : window_(window), holder_(holder), icon_(std::move(icon)) {}
@@ -66,7 +80,7 @@ void WidgetMaker::Visit(ComboBox& control) {
 }
 
 void WidgetMaker::Visit(Frame& control) {
-  auto* box = new QGroupBox(holder_);
+  auto* box = new FrameView(holder_);
   Mirror(control, box, [&control, box] { box->setTitle(ToQString(control.Caption())); });
   Keep(control, box);
 }
@@ -76,7 +90,7 @@ void WidgetMaker::Visit(Grid& control) {
 }
 
 void WidgetMaker::Visit(Label& control) {
-  auto* label = new QLabel(holder_);
+  auto* label = new LabelView(holder_);
   label->setTextFormat(Qt::PlainText);
   label->setFont(TabularFont(label->font()));
   Mirror(control, label, [&control, label] { label->setText(ToQString(control.Caption())); });

@@ -6,13 +6,20 @@
 namespace dorvane {
 
 class frmDialogMessage;
+class frmDorvane;
 class frmInput;
+class frmKeys;
 class frmLog;
 class frmRoiReport;
 class frmSelGraph;
 
 void LayOut(frmDialogMessage& form, FormWindow& window);
+// The main form: tool bars, the two graph windows, the read-outs below them, and a status line with
+// a hidden progress bar of this name.
+inline constexpr const char* kProgressBarName = "prgOperation";
+void LayOut(frmDorvane& form, FormWindow& window);
 void LayOut(frmInput& form, FormWindow& window);
+void LayOut(frmKeys& form, FormWindow& window);
 void LayOut(frmLog& form, FormWindow& window);
 void LayOut(frmRoiReport& form, FormWindow& window);
 void LayOut(frmSelGraph& form, FormWindow& window);

@@ -1,0 +1,46 @@
+// The status line of the main form: the current file, what to do next, and the peaks found.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "forms/Controls.h"
+#include "forms/PanelWork.h"
+
+namespace dorvane {
+
+class StatusPanel {
+ public:
+  explicit StatusPanel(PanelWork& work);
+  void Refresh();
+
+  // A command begins: what the one before has left goes.
+  void Begin();
+  // It has ended; `stopped`: by the user.
+  void End(bool stopped);
+  // It has turned out to be a long one.
+  void BeginLong();
+  // A message or a question comes up: the line says what to do next, beside the bare text.
+  void Tell(std::string_view message);
+  // What became of files during the command.
+  void FileRead(std::string_view) { ++tried_; }
+  void FileNotRead(std::string_view path);
+  void FileWritten(std::string_view path);
+  void FileNotWritten(std::string_view path);
+
+ private:
+  PanelWork& work_;
+
+ public:
+  Label lblFile;   // the measurement's name, or the title of its graph
+  Label lblHint;   // what to do next
+  Label lblPeaks;  // "12 peaks, 12 fitted"
+
+ private:
+  std::string message_;
+  std::vector<std::string> unread_;
+  int tried_ = 0;  // files that the command has read or tried to read
+};
+
+}  // namespace dorvane

@@ -1,0 +1,25 @@
+#include "qt/Hourglass.h"
+
+#include <QApplication>
+
+namespace dorvane {
+
+Hourglass::~Hourglass() {
+  Show(false);
+}
+
+void Hourglass::PointerChanged() {
+  Show(view_.Pointer == kPointerHourglass);
+}
+
+void Hourglass::Show(bool on) {
+  if (on == on_) return;
+  on_ = on;
+  if (on) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+}  // namespace dorvane

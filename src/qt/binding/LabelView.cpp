@@ -1,0 +1,49 @@
+#include "qt/binding/LabelView.h"
+
+#include <QHelpEvent>
+#include <QStyle>
+#include <QStylePainter>
+#include <QToolTip>
+
+namespace dorvane {
+namespace {
+
+constexpr const char* kLeastText = "0.000000...";
+
+}  // namespace
+
+void LabelView::SetElided() {
+  elided_ = true;
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  updateGeometry();
+}
+
+QSize LabelView::minimumSizeHint() const {
+  if (!elided_) return QLabel::minimumSizeHint();
+  return {fontMetrics().horizontalAdvance(kLeastText), fontMetrics().height()};
+}
+
+QSize LabelView::sizeHint() const {
+  if (!elided_) return QLabel::sizeHint();
+  return {fontMetrics().horizontalAdvance(text()) + 4, fontMetrics().height()};
+}
+
+bool LabelView::event(QEvent* event) {
+  if (!elided_ || event->type() != QEvent::ToolTip) return QLabel::event(event);
+  const bool cut = fontMetrics().horizontalAdvance(text()) > width();
+  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), cut ? text() : toolTip(), this);
+  return true;
+}
+
+void LabelView::paintEvent(QPaintEvent* event) {
+  if (!elided_) {
+    QLabel::paintEvent(event);
+    return;
+  }
+  QStylePainter painter(this);
+  const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+  painter.drawItemText(rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown,
+                       foregroundRole());
+}
+
+}  // namespace dorvane
