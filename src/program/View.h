@@ -50,6 +50,8 @@ void SetWidthY(Program& program, int value);
 void TypeHeight(Program& program, std::string_view text);
 
 // inumScaleX: the shown span in the unit of the axis, and a typed one.
+// KEPT: in d, wavelength, Q and 2-theta, where a channel has no width of its own, a typed number
+// counts channels, and what shows is a constant.
 double SpanInUnit(const Program& program);
 void TypeSpan(Program& program, double span_in_unit);
 
