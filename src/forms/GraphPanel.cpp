@@ -43,8 +43,9 @@ std::vector<ChannelRange> RegionsOf(const Program& program, int win_no) {
   return regions;
 }
 
-std::int32_t AxisHeight(const ViewState& view) {
-  return view.LogScale != kFalse ? kLogDecades : view.HeightY;
+// A window that does not pile up graphs keeps the height that it had.
+std::int32_t AxisHeight(const ViewScale& scale) {
+  return scale.YMode == kLogarithmic ? kLogDecades : scale.MaxY - scale.MinY;
 }
 
 void Scroll(Program& program, int steps) {
@@ -181,7 +182,7 @@ void GraphPanel::RedrawOverlays() {
 
 void GraphPanel::DrawGraph(int win_no, Surface& surface) const {
   DrawSpect& spect = work_.program.spect;
-  spect.SetDivisions(win_no, CountTicksOf(AxisHeight(work_.program.view)).Divisions);
+  spect.SetDivisions(win_no, CountTicksOf(AxisHeight(spect.Scale(win_no))).Divisions);
   spect.SetSurface(win_no, &surface);
   spect.Redraw(win_no);
   spect.SetSurface(win_no, nullptr);
@@ -194,8 +195,8 @@ void GraphPanel::DrawOverlay(int win_no, Surface& surface, CursorForm form) cons
   work_.program.spect.DrawOverlay(win_no, surface, overlay);
 }
 
-void GraphPanel::DrawCountAxis(Surface& panel) const {
-  dorvane::DrawCountAxis(panel, AxisHeight(work_.program.view), Ink());
+void GraphPanel::DrawCountAxis(int win_no, Surface& panel) const {
+  dorvane::DrawCountAxis(panel, AxisHeight(work_.program.spect.Scale(win_no)), Ink());
   panel.SetScale(0, 0, 1, 1);
   panel.Box({1, 0}, {1, 1}, Ink(), 1);
 }

@@ -26,7 +26,7 @@ class GraphPanel {
   // (GroundOf), the graph clears its own.
   void DrawGraph(int win_no, Surface& surface) const;
   void DrawOverlay(int win_no, Surface& surface, CursorForm form) const;
-  void DrawCountAxis(Surface& panel) const;
+  void DrawCountAxis(int win_no, Surface& panel) const;
   // `divisions` of the range, as many as the panel has room for.
   void DrawUnitAxis(int win_no, Surface& panel, int divisions) const;
   Color GroundOf(int win_no) const;

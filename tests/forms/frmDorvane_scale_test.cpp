@@ -1,3 +1,4 @@
+#include "display/RecordingSurface.h"
 #include "forms/MainFormFixture.h"
 #include "processing/Units.h"
 
@@ -163,6 +164,19 @@ TEST_F(ScalePanelTest, OnTheLogScaleASmallHeightCountsDecades) {
   scale.ckbLogScale.SetChecked(true);
   TypeHeight("5");
   EXPECT_EQ(view.HeightY, 100000);
+}
+
+TEST_F(ScalePanelTest, TheAxisOfAWindowThatDoesNotPileUpShowsTheHeightThatItKeeps) {
+  TypeHeight("400");
+  form.style.chkFilePile[1].SetChecked(false);
+  TypeHeight("800");
+  const auto top_label = [this](int win_no) {
+    RecordingSurface panel;
+    form.graphs.DrawCountAxis(win_no, panel);
+    return panel.Texts().front().text;
+  };
+  EXPECT_EQ(top_label(0), " 800");
+  EXPECT_EQ(top_label(1), " 400");
 }
 
 TEST_F(ScalePanelTest, TheLogScaleKeepsTheHeight) {

@@ -72,9 +72,9 @@ PictureView* CountAxis(frmDorvane& form, FormWindow& window, int win_no) {
   auto* view = window.As<PictureView>(form.graphs.picScaleY[win_no]);
   view->setAccessibleName(QString("Count axis of window %1").arg(win_no + 1));
   view->setFixedWidth(AxisMetrics(view).horizontalAdvance(" 88.8K") + kTickAndGap + 8);
-  view->SetPicture([&form](QPainter& painter, const QRectF& rect) {
+  view->SetPicture([&form, win_no](QPainter& painter, const QRectF& rect) {
     PainterSurface surface(painter, rect);
-    form.graphs.DrawCountAxis(surface);
+    form.graphs.DrawCountAxis(win_no, surface);
   });
   return view;
 }
