@@ -262,7 +262,7 @@ class Monkey {
       run_->main.graphs.DrawGraph(win_no, surface);
       run_->main.graphs.DrawOverlay(win_no, surface, run_->main.cursor.Form());
       run_->main.graphs.DrawUnitAxis(win_no, surface, 10);
-      run_->main.graphs.DrawCountAxis(surface);
+      run_->main.graphs.DrawCountAxis(win_no, surface);
     }
   }
 
