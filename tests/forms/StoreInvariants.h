@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "forms/MonkeyFaults.h"
 #include "forms/MonkeyPorts.h"
-#include "processing/Calc.h"
 #include "program/Program.h"
 
 namespace dorvane {
@@ -266,42 +266,6 @@ class StoreInvariants {
       if (!IsFault(box) || IsStated(program, happened, box)) continue;
       wrong.push_back("a fault came up in a box: " + box);
     }
-  }
-  // Faults that pass to the user: a file that can't be opened to save, a peak or a count of a file
-  // that no measurement gives, a smoothing that the parameter file has and the program hasn't, an
-  // interval of the background that divides 8192 channels.
-  static bool IsStated(const Program& program, const Happened& happened, const std::string& box) {
-    const auto is = [&box](FaultCode code) { return box.starts_with(FaultText(code)); };
-    if (is(FaultCode::FileNotFound) || is(FaultCode::FileFailed) ||
-        is(FaultCode::PermissionDenied)) {
-      return happened.saving;
-    }
-    const Workspace& workspace = program.workspace;
-    if (is(FaultCode::Overflow)) return HoldsHuge(workspace, program.view.DataNo);
-    if (!is(FaultCode::Subscript)) return false;
-    const FitParamSet& settings = workspace.FitParam;
-    const bool divides = settings.BackInterval > 0 && kMaxChannels % settings.BackInterval == 0;
-    return settings.SmoothKind < 0 || settings.SmoothKind >= kSmoothKinds ||
-           (divides && workspace.Channels[program.view.DataNo].Count == kMaxChannels);
-  }
-  static bool HoldsHuge(const Workspace& workspace, int data_no) {
-    constexpr double kMostCounts = 1e9;
-    const auto counts = workspace.Channels[data_no].Used();
-    const PeakTable& table = workspace.Peaks[data_no];
-    return std::any_of(counts.begin(), counts.end(),
-                       [](std::int32_t each) { return std::fabs(each) > kMostCounts; }) ||
-           std::any_of(table.Peaks.begin(), table.Peaks.begin() + table.Count,
-                       [](const PeakRec& peak) {
-                         return !(std::fabs(peak.Center) + 2 * std::fabs(peak.HalfWidth) < 32767);
-                       });
-  }
-  static bool IsFault(const std::string& box) {
-    constexpr std::array kCodes{
-        FaultCode::BadArgument,    FaultCode::Overflow,   FaultCode::Subscript,
-        FaultCode::DivisionByZero, FaultCode::NotANumber, FaultCode::FileNotFound,
-        FaultCode::FileFailed,     FaultCode::EndOfFile,  FaultCode::PermissionDenied};
-    const auto is = [&box](FaultCode code) { return box.starts_with(FaultText(code)); };
-    return std::any_of(kCodes.begin(), kCodes.end(), is) || box.find("::") != std::string::npos;
   }
 
   List before_;

@@ -1,0 +1,62 @@
+// The faults that came up in boxes: which of them the system lets pass to the user.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string>
+
+#include "forms/MonkeyPorts.h"
+#include "processing/Calc.h"
+#include "program/Program.h"
+#include "support/Fault.h"
+
+namespace dorvane {
+
+inline bool IsFault(const std::string& box) {
+  constexpr std::array kCodes{
+      FaultCode::BadArgument,    FaultCode::Overflow,   FaultCode::Subscript,
+      FaultCode::DivisionByZero, FaultCode::NotANumber, FaultCode::FileNotFound,
+      FaultCode::FileFailed,     FaultCode::EndOfFile,  FaultCode::PermissionDenied};
+  const auto is = [&box](FaultCode code) { return box.starts_with(FaultText(code)); };
+  return std::any_of(kCodes.begin(), kCodes.end(), is) || box.find("::") != std::string::npos;
+}
+
+// Counts and peaks that no 16 or 32 bits hold once they are worked on.
+inline bool HoldsHuge(const Workspace& workspace, int data_no) {
+  constexpr double kMostCounts = 1e9;
+  const auto counts = workspace.Channels[data_no].Used();
+  const PeakTable& table = workspace.Peaks[data_no];
+  return std::any_of(counts.begin(), counts.end(),
+                     [](std::int32_t each) { return std::fabs(each) > kMostCounts; }) ||
+         std::any_of(table.Peaks.begin(), table.Peaks.begin() + table.Count,
+                     [](const PeakRec& peak) {
+                       return !(std::fabs(peak.Center) + 2 * std::fabs(peak.HalfWidth) < 32767);
+                     });
+}
+
+// The valley between two peaks is not to be found where the left one lies in the first channel.
+inline bool HoldsPeakInFrontOf1(const PeakTable& table) {
+  return std::any_of(table.Peaks.begin(), table.Peaks.begin() + table.Count,
+                     [](const PeakRec& peak) { return peak.Center <= 0.5; });
+}
+
+// Faults that pass to the user: a file that can't be opened to save, a peak or a count of a file
+// that no measurement gives, a smoothing that the parameter file has and the program hasn't, an
+// interval of the background that divides 8192 channels, borders of a peak in the first channel.
+inline bool IsStated(const Program& program, const Happened& happened, const std::string& box) {
+  const auto is = [&box](FaultCode code) { return box.starts_with(FaultText(code)); };
+  if (is(FaultCode::FileNotFound) || is(FaultCode::FileFailed) || is(FaultCode::PermissionDenied)) {
+    return happened.saving;
+  }
+  const Workspace& workspace = program.workspace;
+  if (is(FaultCode::Overflow)) return HoldsHuge(workspace, program.view.DataNo);
+  if (!is(FaultCode::Subscript)) return false;
+  const FitParamSet& settings = workspace.FitParam;
+  const bool divides = settings.BackInterval > 0 && kMaxChannels % settings.BackInterval == 0;
+  return settings.SmoothKind < 0 || settings.SmoothKind >= kSmoothKinds ||
+         (divides && workspace.Channels[program.view.DataNo].Count == kMaxChannels) ||
+         HoldsPeakInFrontOf1(workspace.Peaks[program.view.DataNo]);
+}
+
+}  // namespace dorvane
