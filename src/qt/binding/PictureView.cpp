@@ -76,15 +76,15 @@ void PictureView::paintEvent(QPaintEvent*) {
   const double ratio = devicePixelRatioF();
   const QSize pixels = (QSizeF(size()) * ratio).toSize();
   if (picture_ && (cache_.isNull() || cache_.size() != pixels)) {
-    cache_ = QPixmap(pixels);
+    cache_ = QImage(pixels, opaque_ ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
     cache_.setDevicePixelRatio(ratio);
-    cache_.fill(opaque_ ? Qt::black : Qt::transparent);
+    if (!opaque_) cache_.fill(Qt::transparent);
     QPainter painter(&cache_);
     painter.setFont(font());
     picture_(painter, QRectF(rect()));
   }
   QPainter painter(this);
-  if (picture_) painter.drawPixmap(0, 0, cache_);
+  if (picture_) painter.drawImage(QPointF(0, 0), cache_);
   if (overlay_) overlay_(painter, QRectF(rect()));
 }
 

@@ -1,7 +1,7 @@
 // The widget of a picture: a cached drawing with an overlay, and the mouse in fractions.
 #pragma once
 
-#include <QPixmap>
+#include <QImage>
 #include <QWidget>
 #include <functional>
 
@@ -43,7 +43,7 @@ class PictureView : public QWidget {
   Paint picture_;
   Paint overlay_;
   bool opaque_ = false;
-  QPixmap cache_;       // null: to be painted anew
+  QImage cache_;       // null: to be painted anew
   int wheel_rest_ = 0;  // of a step, in eighths of a degree
 };
 
