@@ -177,6 +177,12 @@ class ScrollBar : public RangeControl {
  public:
   using RangeControl::RangeControl;
   void Accept(ControlVisitor& visitor) override;
+  // LargeChange is what is in sight: a user scrolls no further than the maximum less that.
+  bool ShowsPage() const { return shows_page_; }
+  void SetShowsPage(bool shows) { Store(shows_page_, shows); }
+
+ private:
+  bool shows_page_ = false;
 };
 
 // Two arrows; each press is an event of its own, whatever the value is.

@@ -32,6 +32,7 @@ ScalePanel::ScalePanel(PanelWork& work)
   std::vector<std::string> units;
   for (const std::string_view text : UnitComboTexts()) units.emplace_back(text);
   cboUnitX.SetItems(units);
+  hsbStartX.SetShowsPage(true);
   hsbWidthY.SetRange(0, kScaleSteps);
   hsbStartX.SetTip("First channel shown");
   imnSpanCh.SetTip("Channels shown");

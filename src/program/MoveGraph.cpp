@@ -16,9 +16,10 @@ int FirstRowOf(const Workspace& workspace, int win_no) {
 
 void MoveGraph(Program& program, int grp_no, int win_no) {
   const GraphList list = program.List();
-  const int from = program.workspace.Slots[grp_no].WinNo;
+  const GraphSlot& slot = program.workspace.Slots[grp_no];
+  const int from = slot.WinNo;
   if (from == win_no) return;
-  ChgValue_chkGrp(list, win_no, grp_no, true);
+  ChgValue_chkGrp(list, win_no, grp_no, slot.Disp != kFalse);
   const int next = FirstRowOf(program.workspace, from);
   if (program.view.SelectedRow[from] == grp_no && next >= 0) Change_cboGrphSel(list, from, next);
   Change_cboGrphSel(list, win_no, grp_no);

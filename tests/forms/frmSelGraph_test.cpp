@@ -261,6 +261,14 @@ TEST_F(frmSelGraphTest, ADoubleClickOnWinMovesTheGraphToTheOtherWindow) {
   EXPECT_EQ(Cell(1, 2).text, "1");
 }
 
+TEST_F(frmSelGraphTest, AHiddenGraphStaysHiddenInTheOtherWindow) {
+  Show({1, 2}, "a.npd");
+  form.sprGraphSel.CheckCell(1, 1, false);
+  form.sprGraphSel.DoublePressCell(1, 2);
+  EXPECT_EQ(Row(0).WinNo, 1);
+  EXPECT_EQ(Row(0).Disp, kFalse);
+}
+
 // Colours.
 
 TEST_F(frmSelGraphTest, ADoubleClickOnActivRecoloursTheGraph) {

@@ -12,6 +12,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWheelEvent>
+#include <algorithm>
 
 #include "qt/binding/Mirror.h"
 #include "qt/binding/Text.h"
@@ -19,10 +20,12 @@
 namespace dorvane {
 namespace {
 
-QWidget* BindRange(RangeControl& control, QAbstractSlider* widget) {
-  Mirror(control, widget, [&control, widget] {
+// `last`: the largest value that a user reaches.
+template <class Control, class Last>
+QWidget* BindRange(Control& control, QAbstractSlider* widget, Last last) {
+  Mirror(control, widget, [&control, widget, last] {
     const QSignalBlocker quiet(widget);
-    widget->setRange(control.Minimum(), control.Maximum());
+    widget->setRange(control.Minimum(), last(control));
     widget->setSingleStep(control.SmallChange());
     widget->setPageStep(control.LargeChange());
     widget->setValue(control.Value());
@@ -91,13 +94,17 @@ class GripHandle : public QSplitterHandle {
 }  // namespace
 
 QWidget* MakeSliderWidget(Slider& control, QWidget* parent) {
-  return BindRange(control, new QSlider(Qt::Horizontal, parent));
+  return BindRange(control, new QSlider(Qt::Horizontal, parent),
+                   [](const Slider& slider) { return slider.Maximum(); });
 }
 
 QWidget* MakeScrollWidget(ScrollBar& control, QWidget* parent) {
   auto* bar = new ScrollBarView(Qt::Horizontal, parent);
   bar->setFocusPolicy(Qt::StrongFocus);
-  return BindRange(control, bar);
+  return BindRange(control, bar, [](const ScrollBar& of) {
+    const int page = of.ShowsPage() ? of.LargeChange() : 0;
+    return std::max(of.Minimum(), of.Maximum() - page);
+  });
 }
 
 UpDownView::UpDownView(UpDown& control, QWidget* parent) : QWidget(parent), control_(control) {

@@ -39,6 +39,22 @@ TEST_F(RangeWidgets, ScrollBarFollowsAndIsMoved) {
   EXPECT_EQ(form.hsbStartX.Value(), 39);
 }
 
+TEST_F(RangeWidgets, ScrollBarOfAPageEndsWhereItsLastPageBegins) {
+  form.hsbStartX.SetRange(0, 1000);
+  form.hsbStartX.SetSteps(1, 300);
+  EXPECT_EQ(Find<QScrollBar>("hsbStartX")->maximum(), 1000);
+  form.hsbStartX.SetShowsPage(true);
+  EXPECT_EQ(Find<QScrollBar>("hsbStartX")->maximum(), 700);
+  form.hsbStartX.SetSteps(1, 2000);
+  EXPECT_EQ(Find<QScrollBar>("hsbStartX")->maximum(), 0);
+}
+
+TEST_F(RangeWidgets, DoubleClickOnTheGripOfADividerIsAnEvent) {
+  const auto clicks = Count(form.fraWinHeight.DblClick);
+  QTest::mouseDClick(Find<QSplitter>("fraWinHeight")->handle(1), Qt::LeftButton);
+  EXPECT_EQ(*clicks, 1);
+}
+
 TEST_F(RangeWidgets, HandlerMayMoveTheValueOn) {
   form.sldWidth.Change.Connect([this] { form.sldWidth.SetValue(form.sldWidth.Value() / 5 * 5); });
   form.sldWidth.SetValue(50);
