@@ -1,7 +1,6 @@
 #include "processing/RoiOpe.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "support/Rounding.h"
 
@@ -157,12 +156,19 @@ void RoiClear(const GraphList& list) {
   list.listener.RegionsChanged();
 }
 
-AreaRegion GetRegions(ViewState& view) {
-  const std::int16_t first = std::exchange(view.AreaStart, kNoEnd);
-  const std::int16_t second = std::exchange(view.AreaEnd, kNoEnd);
-  if (first == kNoEnd || second == kNoEnd || first == second) return {};
-  const auto [start, end] = std::minmax({first, second});
+AreaRegion MarkedArea(const ViewState& view) {
+  if (view.AreaStart == kNoEnd || view.AreaEnd == kNoEnd || view.AreaStart == view.AreaEnd) {
+    return {};
+  }
+  const auto [start, end] = std::minmax(view.AreaStart, view.AreaEnd);
   return {start, end, true};
+}
+
+AreaRegion GetRegions(ViewState& view) {
+  const AreaRegion area = MarkedArea(view);
+  view.AreaStart = kNoEnd;
+  view.AreaEnd = kNoEnd;
+  return area;
 }
 
 }  // namespace dorvane

@@ -75,8 +75,11 @@ void RoiDrawAll(const GraphList& list);
 // Empties the table and removes the marks.
 void RoiClear(const GraphList& list);
 
-// The range of the area cursor. The stored ends are cleared at every call, whatever is found: a
-// command asks once.
+// The range of the area cursor, looked at: the stored ends stay.
+AreaRegion MarkedArea(const ViewState& view);
+
+// The range of the area cursor, taken. The stored ends are cleared at every call, whatever is
+// found: a command asks once.
 AreaRegion GetRegions(ViewState& view);
 
 }  // namespace dorvane

@@ -395,6 +395,16 @@ TEST(AreaRegions, AreaWithOneEndIsNone) {
   ExpectNoArea(GetRegions(right));
 }
 
+TEST(AreaRegions, LookingAtTheAreaLeavesItsEnds) {
+  const ViewState view = ViewWithArea(90, 10);
+  const AreaRegion area = MarkedArea(view);
+  EXPECT_TRUE(area.valid);
+  EXPECT_EQ(area.start, 10);
+  EXPECT_EQ(area.end, 90);
+  EXPECT_EQ(view.AreaStart, 90);
+  EXPECT_EQ(view.AreaEnd, 10);
+}
+
 TEST(AreaRegions, AskingClearsTheEndsWhateverIsFound) {
   for (ViewState view : {ViewWithArea(10, 90), ViewWithArea(10, 10), ViewWithArea(10, kNoEnd)}) {
     GetRegions(view);
