@@ -83,7 +83,7 @@ struct PivotPlace {
 
 // The element of greatest magnitude at or below and right of (k, k). Among equal ones the last; NaN
 // is taken, so that the caller sees it.
-PivotPlace FindPivot(const SquareMatrix& a, std::size_t k, std::size_t m) {
+PivotPlace FindPivot(MatrixView a, std::size_t k, std::size_t m) {
   PivotPlace place = {k, k};
   double big = 0;
   for (std::size_t i = k; i < m; ++i) {
@@ -97,20 +97,20 @@ PivotPlace FindPivot(const SquareMatrix& a, std::size_t k, std::size_t m) {
   return place;
 }
 
-void ExchangeRows(SquareMatrix& a, std::size_t k, std::size_t other, std::size_t m) {
+void ExchangeRows(MatrixView a, std::size_t k, std::size_t other, std::size_t m) {
   for (std::size_t j = 0; j < m; ++j) a[other][j] = -std::exchange(a[k][j], a[other][j]);
 }
 
-void ExchangeColumns(SquareMatrix& a, std::size_t k, std::size_t other, std::size_t m) {
+void ExchangeColumns(MatrixView a, std::size_t k, std::size_t other, std::size_t m) {
   for (std::size_t j = 0; j < m; ++j) a[j][other] = -std::exchange(a[j][k], a[j][other]);
 }
 
-void Eliminate(SquareMatrix& a, std::size_t k, std::size_t m) {
-  double* const pivot_row = a[k].data();
+void Eliminate(MatrixView a, std::size_t k, std::size_t m) {
+  double* const pivot_row = a[k];
   const double pivot = pivot_row[k];
   for (std::size_t i = 0; i < m; ++i) {
     if (i == k) continue;
-    double* const row = a[i].data();
+    double* const row = a[i];
     const double factor = -row[k] / pivot;
     FillColumn(row, m, [=](std::size_t j) { return factor * pivot_row[j] + row[j]; });
     row[k] = factor;
@@ -120,7 +120,7 @@ void Eliminate(SquareMatrix& a, std::size_t k, std::size_t m) {
 }
 
 // The interchanges in reverse, rows and columns having changed their parts.
-void UndoExchanges(SquareMatrix& a, std::span<const PivotPlace> places) {
+void UndoExchanges(MatrixView a, std::span<const PivotPlace> places) {
   const std::size_t m = places.size();
   for (std::size_t k = m; k-- > 0;) {
     if (const std::size_t row = places[k].row; row > k) {
@@ -193,13 +193,13 @@ std::size_t GramSchmidtQR(FitMatrix& q, std::size_t rows, std::size_t m, SquareM
   return m;
 }
 
-double MatInverse(SquareMatrix& a, std::size_t m) {
-  std::array<PivotPlace, FitMatrix::kColumns> places;
+double MatInverse(MatrixView a, std::size_t m, double least_pivot) {
+  std::array<PivotPlace, kMaxInverse> places;
   double det = 1;
   for (std::size_t k = 0; k < m; ++k) {
     places[k] = FindPivot(a, k, m);
     const double big = Finite(a[places[k].row][places[k].column]);
-    if (big == 0) return 0;
+    if (std::abs(big) <= least_pivot) return 0;
     if (places[k].row != k) ExchangeRows(a, k, places[k].row, m);
     if (places[k].column != k) ExchangeColumns(a, k, places[k].column, m);
     Eliminate(a, k, m);

@@ -26,6 +26,24 @@ class FitMatrix {
 // 10 by 10; element (i, j) is [i][j], both from 0.
 using SquareMatrix = std::array<std::array<double, FitMatrix::kColumns>, FitMatrix::kColumns>;
 
+// A square matrix of any size, rows contiguous, that lives elsewhere.
+class MatrixView {
+ public:
+  template <std::size_t N>
+  MatrixView(std::array<std::array<double, N>, N>& matrix)
+      : elements_(matrix.front().data()), stride_(N) {}
+
+  // Element (i, j) is [i][j], both from 0.
+  double* operator[](std::size_t i) const { return elements_ + i * stride_; }
+
+ private:
+  double* elements_;
+  std::size_t stride_;
+};
+
+// The greatest matrix that can be inverted.
+inline constexpr std::size_t kMaxInverse = 30;
+
 // Order of the columns after pivoting: the k-th column of the factorisation is column pivots[k].
 using Pivots = std::array<std::size_t, FitMatrix::kColumns>;
 
@@ -69,10 +87,11 @@ void CombineColumns(const FitMatrix& columns, std::size_t m, const double* facto
 std::size_t GramSchmidtQR(FitMatrix& q, std::size_t rows, std::size_t m, SquareMatrix& r,
                           Pivots& pivots);
 
-// Inverts the leading m by m part of A in place by Gauss-Jordan elimination with full pivoting (the
-// last of equal pivots), and answers the determinant. An answer of 0 means a singular matrix, left
-// half-worked, or a determinant too small for a number. Throws Fault(Overflow or BadArgument) when
-// a pivot, the determinant or an element of the inverse is no finite number.
-double MatInverse(SquareMatrix& a, std::size_t m);
+// Inverts the leading m by m part of A, m <= 30, in place by Gauss-Jordan elimination with full
+// pivoting (the last of equal pivots), and answers the determinant. An answer of 0 means a singular
+// matrix, left half-worked, or a determinant too small for a number: a pivot of a magnitude of
+// `least_pivot` or less counts as 0. Throws Fault(Overflow or BadArgument) when a pivot, the
+// determinant or an element of the inverse is no finite number.
+double MatInverse(MatrixView a, std::size_t m, double least_pivot = 0);
 
 }  // namespace dorvane

@@ -55,6 +55,11 @@ struct DacAngles {
   double DacAngleOffset = 0;
 };
 
+constexpr int kFitBackChannels = 4096;
+
+// The background under the peaks of a Nax fit, by channel index; 0 where no peak is.
+using FitBackTable = Fixed<std::int32_t, 0, kFitBackChannels - 1>;
+
 // About 0.6 megabyte: it lives on the heap, in the Program.
 struct Workspace {
   Fixed<GraphSlot, 0, kRows - 1> Slots;
@@ -62,6 +67,7 @@ struct Workspace {
   Fixed<ChannelBlock, 0, kSpectra - 1> Channels;
   Fixed<PeakTable, 0, kSpectra - 1> Peaks;
   RoiTable Regions;
+  FitBackTable FitBack;  // of the last fit; zeros after an Express fit and where a spectrum is read
 
   std::int16_t GrpCount = 0;                         // rows in use
   Fixed<std::int16_t, 0, kFreeSpectra - 1> DataUse;  // -1 taken, 0 free, by DataNo
