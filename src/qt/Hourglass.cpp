@@ -9,7 +9,7 @@ Hourglass::~Hourglass() {
 }
 
 void Hourglass::PointerChanged() {
-  Show(view_.Pointer == kPointerHourglass);
+  Show(Waits(view_.Pointer));
 }
 
 void Hourglass::Show(bool on) {

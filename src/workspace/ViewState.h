@@ -17,7 +17,14 @@ constexpr std::int16_t kPileUpSwitched = 2;
 
 // Pointer shapes by their numbers in the system.
 constexpr std::int16_t kPointerNormal = 0;
+constexpr std::int16_t kPointerArrow = 1;
 constexpr std::int16_t kPointerHourglass = 11;
+constexpr std::int16_t kPointerArrowHourglass = 13;
+
+// Whether a pointer tells to wait.
+constexpr bool Waits(std::int16_t pointer) {
+  return pointer == kPointerHourglass || pointer == kPointerArrowHourglass;
+}
 
 constexpr std::int16_t kNoEnd = -1;
 

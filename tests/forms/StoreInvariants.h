@@ -206,7 +206,7 @@ class StoreInvariants {
       Expect(end >= kNoEnd && end <= workspace.MaxCh, "ends lie within the channels", wrong);
     }
     Expect(view.HeightY >= 1, "the height is positive", wrong);
-    Expect(view.Pointer == kPointerNormal, "the pointer is back to normal", wrong);
+    Expect(!Waits(view.Pointer), "the pointer is back to normal", wrong);
     Expect(!(view.AutoScale != kFalse && view.NorScale != kFalse),
            "automatic and normal scale exclude each other", wrong);
     Expect(!(view.PileUpOn != kFalse && view.FilePile[0] == kFalse && view.ExpandOn != kFalse),
