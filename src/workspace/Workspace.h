@@ -88,6 +88,9 @@ struct Workspace {
   DacAngles Dac;
   std::int16_t UseFileEgc = 0;  // 0: DefaultProp calibrates, else the spectrum's own MeasProp
   std::int16_t ExpressFit = 0;  // 1: the Express family fits, 0: the Nax family
+  // -1 from the first opening of frmManualFit until it is closed by its frame; hidden, it counts as
+  // open.
+  std::int16_t ManualFitOpen = 0;
 };
 
 // The calibration source that UseFileEgc picks for a spectrum.
