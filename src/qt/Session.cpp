@@ -43,6 +43,8 @@ Session::Session(const Places& places, SettingsStore& settings)
       graph_select(program, host),
       roi_report(program, host),
       keys(host),
+      manual_fit(program, host),
+      fit_input(program, host),
       form_views(host, IconOf),
       places_(places),
       settings_(settings) {
@@ -51,6 +53,7 @@ Session::Session(const Places& places, SettingsStore& settings)
   views.Add(graph_select);
   views.Add(roi_report);
   AttachForms(main, graph_select, roi_report, log, keys);
+  AttachFitForms(main, program, manual_fit, fit_input);
   AddViews();
   FormWindow* window = form_views.WindowOf(main);
   dialogs.SetParent(window);
@@ -74,6 +77,8 @@ void Session::AddViews() {
   add(graph_select);
   add(roi_report);
   add(keys);
+  add(manual_fit);
+  add(fit_input);
 }
 
 void Session::ConnectStatus() {

@@ -7,8 +7,10 @@
 
 #include "forms/AttachForms.h"
 #include "forms/frmDorvane.h"
+#include "forms/frmInputFitParameter.h"
 #include "forms/frmKeys.h"
 #include "forms/frmLog.h"
+#include "forms/frmManualFit.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
 #include "program/Program.h"
@@ -54,6 +56,8 @@ class Session : public QObject {
   frmSelGraph graph_select;
   frmRoiReport roi_report;
   frmKeys keys;
+  frmManualFit manual_fit;
+  frmInputFitParameter fit_input;
   FormViews form_views;  // goes first: the windows are above the forms
 
  signals:

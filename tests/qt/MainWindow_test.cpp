@@ -131,6 +131,19 @@ TEST_F(MainWindowTest, ClickOnATitleMakesItsGraphTheCurrentOne) {
   EXPECT_TRUE(Find<QAction>("mnuCloseGraph")->text().contains("(corundum_ambient.npd)"));
 }
 
+TEST_F(MainWindowTest, RowThatBecomesTheCurrentOneComesIntoSight) {
+  session->main.Drop(std::vector<std::string>(10, kCorundum));
+  Window().resize(1000, 600);
+  QTest::qWait(20);
+  auto* row = Find<QCheckBox>("chkGrp_0")->parentWidget();
+  session->main.selector.SelectRow(9);
+  QTest::qWait(20);
+  ASSERT_TRUE(row->visibleRegion().isEmpty());
+  session->main.selector.SelectRow(0);
+  QTest::qWait(20);
+  EXPECT_EQ(row->visibleRegion().boundingRect().height(), row->height());
+}
+
 TEST_F(MainWindowTest, MainJobRunsFromTheMenu) {
   const BoxAnswerer boxes;
   OpenCorundum();

@@ -20,12 +20,14 @@ void LabelView::SetElided() {
 
 QSize LabelView::minimumSizeHint() const {
   if (!elided_) return QLabel::minimumSizeHint();
-  return {fontMetrics().horizontalAdvance(kLeastText), fontMetrics().height()};
+  const int least = text().isEmpty() ? 0 : fontMetrics().horizontalAdvance(kLeastText);
+  return {least, fontMetrics().height()};
 }
 
 QSize LabelView::sizeHint() const {
   if (!elided_) return QLabel::sizeHint();
-  return {fontMetrics().horizontalAdvance(text()) + 4, fontMetrics().height()};
+  return {text().isEmpty() ? 0 : fontMetrics().horizontalAdvance(text()) + 4,
+          fontMetrics().height()};
 }
 
 bool LabelView::event(QEvent* event) {

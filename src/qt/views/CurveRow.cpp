@@ -81,9 +81,15 @@ QWidget* MakeCurveList(SelectorPanel& selector, int win_no, FormWindow& window) 
     const int index = win_no * kRows + grp_no;
     auto* row = new CurveRow(selector, index, window.Of(selector.chkGrp[index]), content);
     column->addWidget(row);
-    selector.Filled.Connect([alive = QPointer<CurveRow>(row)] {
-      if (alive) alive->Follow();
-    });
+    selector.Filled.Connect(
+        [&selector, index, alive = QPointer<CurveRow>(row), area, was_current = false]() mutable {
+          if (!alive) return;
+          alive->Follow();
+          // A row that becomes the current one comes into sight.
+          const bool current = selector.StateOf_chkGrp(index).current;
+          if (current && !was_current) area->ensureWidgetVisible(alive, 0, 0);
+          was_current = current;
+        });
   }
   column->addStretch();
   area->setWidget(content);

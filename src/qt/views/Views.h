@@ -8,8 +8,10 @@ namespace dorvane {
 class frmDialogMessage;
 class frmDorvane;
 class frmInput;
+class frmInputFitParameter;
 class frmKeys;
 class frmLog;
+class frmManualFit;
 class frmRoiReport;
 class frmSelGraph;
 
@@ -19,8 +21,10 @@ void LayOut(frmDialogMessage& form, FormWindow& window);
 inline constexpr const char* kProgressBarName = "prgOperation";
 void LayOut(frmDorvane& form, FormWindow& window);
 void LayOut(frmInput& form, FormWindow& window);
+void LayOut(frmInputFitParameter& form, FormWindow& window);
 void LayOut(frmKeys& form, FormWindow& window);
 void LayOut(frmLog& form, FormWindow& window);
+void LayOut(frmManualFit& form, FormWindow& window);
 void LayOut(frmRoiReport& form, FormWindow& window);
 void LayOut(frmSelGraph& form, FormWindow& window);
 
