@@ -86,17 +86,11 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   event->setAccepted(!form_.Visible());
 }
 
-// Enter leaves the focused box as a click on the button would.
-bool FormWindow::FocusMayGo() const {
-  auto* box = dynamic_cast<TextBox*>(ControlOf(focusWidget()));
-  return default_button_ == nullptr || box == nullptr || box->Leave();
-}
-
 void FormWindow::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool escape = event->key() == Qt::Key_Escape;
   const Button* button = nullptr;
-  if (enter && FocusMayGo()) button = default_button_;
+  if (enter) button = default_button_;
   if (escape) button = cancel_button_;
   if (button == nullptr) {
     QMainWindow::keyPressEvent(event);
