@@ -1,0 +1,16 @@
+// The whole-spectrum fit of the Nax family: the scan of a spectrum, its peak table and the curve
+// "Fit".
+#pragma once
+
+#include "program/Program.h"
+
+namespace dorvane {
+
+// NaxAllFit: scans a spectrum of the list, channels 1..4096 of it, by the settings PeakWidthCh and
+// BgCoef. The peaks found replace those of its table, FitBack is written anew, and the curve "Fit"
+// is made. No peak found is told by the box "NO PEAKS ARE FOUND". Stopped by the user, it leaves
+// all tables as they were, with the box "Failed to fit". A spectrum without a row in the list:
+// nothing. Throws Fault(Overflow) for a PeakWidthCh that is no 16-bit number.
+void NaxFitting(Program& program, int win_no, int data_no);
+
+}  // namespace dorvane
