@@ -10,6 +10,7 @@
 #include "processing/Calc.h"
 #include "processing/PeakOpe.h"
 #include "program/DerivedGraphs.h"
+#include "program/WaitPointer.h"
 #include "support/NumberText.h"
 #include "support/Rounding.h"
 
@@ -88,25 +89,6 @@ void DeleteRange(const GraphList& list, int win_no, int grp_no, const PeaksInRan
 std::int16_t CoefficientCount(std::int16_t type) {
   return type == kMix ? 5 : 4;
 }
-
-void ShowPointer(Program& program, std::int16_t pointer) {
-  program.view.Pointer = pointer;
-  program.Listener().PointerChanged();
-}
-
-// Puts the pointer back on every way out.
-class Hourglass {
- public:
-  explicit Hourglass(Program& program) : program_(program) {
-    ShowPointer(program_, kPointerHourglass);
-  }
-  Hourglass(const Hourglass&) = delete;
-  Hourglass& operator=(const Hourglass&) = delete;
-  ~Hourglass() { ShowPointer(program_, kPointerNormal); }
-
- private:
-  Program& program_;
-};
 
 // Puts back the table that a stopped command found, with the marks of the peaks that it worked on:
 // `worked` in the present table, `found` in the one from before.
@@ -216,6 +198,23 @@ void CalcFitSpectrum(Workspace& workspace, int source, int destination, int firs
   }
 }
 
+void MakeFitGraph(Program& program, int source) {
+  Workspace& workspace = program.workspace;
+  const GraphList list = program.List();
+  // KEPT: the curve of row 0 is replaced whenever it is a fit, of whatever spectrum.
+  const Destination to = HeadDestination(list, RowHasFlags(workspace, 0, FlagFit, 0));
+  if (to.data_no < 0) return;
+  CalcFitSpectrum(workspace, source, to.data_no, -1, -1);
+  const int win_no = program.view.ExpandOn != kFalse ? 0 : GetRealWinNo(list);
+  SetGraph(list, win_no, to.row, to.data_no, kTitleFit);
+  workspace.Spectra[to.data_no] = workspace.Spectra[source];
+  std::int16_t& flags = workspace.Spectra[to.data_no].Prop.Flags;
+  flags = ToInt16(flags | FlagFit);
+  workspace.Peaks[to.data_no] = workspace.Peaks[source];
+  program.view.FitMade = kTrue;
+  ShowRow(program, program.view.GraphNo);
+}
+
 void FitPeak(Program& program, int win_no) {
   Workspace& workspace = program.workspace;
   std::int16_t& type = workspace.FitParam.FuncType;
@@ -232,24 +231,14 @@ void FitPeak(Program& program, int win_no) {
   }
   if (range.count == 0) return;
 
-  const Hourglass hourglass(program);
+  const WaitPointer pointer(program);
   const GraphList list = program.List();
   if (!FitAndClean(program, win_no, range)) {
     TakeBack(list, win_no, source, range, before, entered);
     return;
   }
-
-  // KEPT: the curve of row 0 is replaced whenever it is a fit, of whatever spectrum.
-  const Destination to = HeadDestination(list, RowHasFlags(workspace, 0, FlagFit, 0));
-  if (to.data_no < 0) return;
-  CalcFitSpectrum(workspace, source, to.data_no, -1, -1);
-  SetGraph(list, GetRealWinNo(list), to.row, to.data_no, kTitleFit);
-  workspace.Spectra[to.data_no] = workspace.Spectra[source];
-  std::int16_t& flags = workspace.Spectra[to.data_no].Prop.Flags;
-  flags = ToInt16(flags | FlagFit);
-  workspace.Peaks[to.data_no] = workspace.Peaks[source];
-  program.view.FitMade = kTrue;
-  ShowRow(program, program.view.GraphNo);
+  workspace.FitBack.fill(0);
+  MakeFitGraph(program, source);
 }
 
 void InsertPeaks(Program& program, int win_no, int grp_no, const AreaRegion& area) {

@@ -30,6 +30,12 @@ PeakFitResult FitOnePeak(Program& program, int data_no, int index, std::int16_t 
 // starts from zero counts and takes all peaks. Backgrounds are not added.
 void CalcFitSpectrum(Workspace& workspace, int source, int destination, int first, int last);
 
+// The end of every fit of a spectrum: its peak table becomes the graph "Fit", in row 0 if a fit is
+// there, else in a new row; nothing where there is no room for one (a message has been shown). It
+// is shown in the active window, or in Expand mode in the first one. The current row stays on its
+// graph.
+void MakeFitGraph(Program& program, int source);
+
 // mnuFitting: fits the peaks of the area cursor, found first where it holds none, or the one peak
 // at the cursor; then makes the graph "Fit". Peaks that are not accepted go, with the message "<n>
 // Peaks Cuted". Stopped by the user, it leaves table and marks as they were. This and the commands

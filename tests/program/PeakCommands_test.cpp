@@ -155,6 +155,14 @@ TEST_F(PeakCommandsTest, AFitThatIsNotTheFirstGraphIsNotReplacedAsMeant) {
   EXPECT_EQ(view.GraphNo, 1);
 }
 
+TEST_F(PeakCommandsTest, AnExpressFitLeavesNoBackgroundOfAnEarlierScan) {
+  Show(Spectrum(300, 100, {{20000, 150, 3}}));
+  workspace.FitBack[150] = 90;
+  SetArea(program, 0, 299);
+  FitPeak(program, 0);
+  EXPECT_EQ(workspace.FitBack[150], 0);
+}
+
 TEST_F(PeakCommandsTest, AFitWithoutRoomKeepsTheFittedPeaks) {
   const auto data_no = Show(Spectrum(300, 100, {{20000, 150, 3}}));
   for (int i = 0; i < 9; ++i) Show({1}, std::to_string(i));
