@@ -95,6 +95,7 @@ void BlankSpectrum(Workspace& workspace, int data_no) {
   workspace.Spectra[data_no].Prop.EGC = workspace.DefaultProp.EGC;
   workspace.Spectra[data_no].Prop.TwoTheta = workspace.DefaultProp.TwoTheta;
   workspace.Channels[data_no] = ChannelBlock{};
+  workspace.FitBack.fill(0);
 }
 
 void RemoveAllGraphs(Program& program) {
