@@ -10,4 +10,12 @@ void AttachForms(frmDorvane& main, frmSelGraph& graphs, frmRoiReport& regions, f
   main.Attach("mnuKeys", keys, [&keys] { keys.Show(); });
 }
 
+void AttachFitForms(frmDorvane& main, const Program& program, frmManualFit& manual_fit,
+                    frmInputFitParameter& fit_input) {
+  const auto open = [&program, &manual_fit] { manual_fit.Open(program.view.GraphNo); };
+  main.Attach("ManFit", manual_fit, open);
+  main.Attach("NaxManualFit", manual_fit, open);
+  main.Attach("mnuInputFitParameter", fit_input, [&fit_input] { fit_input.Open(); });
+}
+
 }  // namespace dorvane

@@ -1,9 +1,11 @@
-// Hangs the floating forms below the commands of the main form that open them.
+// Hangs the other forms below the commands of the main form that open them.
 #pragma once
 
 #include "forms/frmDorvane.h"
+#include "forms/frmInputFitParameter.h"
 #include "forms/frmKeys.h"
 #include "forms/frmLog.h"
+#include "forms/frmManualFit.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
 
@@ -13,5 +15,10 @@ namespace dorvane {
 // the main form's last command.
 void AttachForms(frmDorvane& main, frmSelGraph& graphs, frmRoiReport& regions, frmLog& log,
                  frmKeys& keys);
+
+// The same for the modal forms that take peaks by hand; they open for the current graph of
+// `program`, that of the main form.
+void AttachFitForms(frmDorvane& main, const Program& program, frmManualFit& manual_fit,
+                    frmInputFitParameter& fit_input);
 
 }  // namespace dorvane

@@ -13,6 +13,8 @@ class AttachFormsTest : public MainFormTest {
   frmRoiReport regions{program, host};
   frmLog log_window{host};
   frmKeys keys{host};
+  frmManualFit manual_fit{program, host};
+  frmInputFitParameter fit_input{program, host};
 };
 
 TEST_F(AttachFormsTest, TheWindowMenuOpensTheFloatingForms) {
@@ -37,6 +39,23 @@ TEST_F(AttachFormsTest, AGraphChosenInTheListIsCurrentOnTheMainForm) {
   Menu("mnuSelGraph").Choose();
   graphs.sprGraphSel.PressCell(1, frmSelGraph::kFileName);
   EXPECT_EQ(form.selector.cboGrphSel[0].Index(), 0);
+}
+
+TEST_F(AttachFormsTest, ThePeakMenuOpensTheFormsThatTakePeaksByHand) {
+  AttachFitForms(form, program, manual_fit, fit_input);
+  ShowSpectrum("a.npd");
+  ShowSpectrum("b.npd");
+  view.Buttons.ManFit = true;
+  form.CursorMoved();
+  for (const char* name : {"mnuManFit", "mnuNaxManualFit", "mnuInputFitParameter"}) {
+    host.ExpectModal([this](Form& opened) {
+      EXPECT_EQ(manual_fit.GrpNo(), 1);
+      opened.Hide();
+    });
+    Menu(name).Choose();
+  }
+  EXPECT_THAT(host.Shown(),
+              testing::ElementsAre("frmManualFit", "frmManualFit", "frmInputFitParameter"));
 }
 
 }  // namespace
