@@ -43,7 +43,14 @@ class FocusGate : public QObject {
 
  protected:
   bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() != QEvent::FocusOut || leaving_ || !widget_->isVisible()) return false;
+    if (event->type() == QEvent::FocusIn) entered_ = true;
+    if (event->type() != QEvent::FocusOut || leaving_) return false;
+    if (!widget_->isVisible()) {
+      entered_ = false;
+      return false;
+    }
+    // The box before has refused: the focus has never come here.
+    if (!entered_) return true;
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
     if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
         reason == Qt::MenuBarFocusReason) {
@@ -56,12 +63,14 @@ class FocusGate : public QObject {
       if (reason == Qt::MouseFocusReason) new PressEater;
     }
     leaving_ = false;
+    if (may_leave) entered_ = false;
     return !may_leave;
   }
 
  private:
   TextBox& control_;
   QWidget* widget_;
+  bool entered_ = false;
   bool leaving_ = false;
 };
 

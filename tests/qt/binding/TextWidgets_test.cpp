@@ -82,6 +82,14 @@ TEST_F(TextWidgets, RefusedTextKeepsTheFocus) {
   EXPECT_EQ(asked, 2);
 }
 
+TEST_F(TextWidgets, RefusedTextKeepsTheFocusFromABoxThatWouldRefuseToo) {
+  form.txtName.Validate = [] { return false; };
+  form.txtNote.Validate = [] { return false; };
+  Of(form.txtName)->setFocus();
+  Of(form.txtNote)->setFocus();
+  EXPECT_TRUE(Of(form.txtName)->hasFocus());
+}
+
 TEST_F(TextWidgets, RefusedTextKeepsAClickFromCounting) {
   form.txtName.Validate = [] { return false; };
   const auto presses = Count(form.cmdOk.Click);
