@@ -11,8 +11,9 @@ constexpr const char* kWidestChannel = "00000";
 constexpr const char* kWidestCount = "0000000000";
 
 void AddField(QGridLayout* grid, int row, int column, FormWindow& window, TextBox& control) {
+  const auto field = control.ReadOnly() ? ReadOut : Entry;
   grid->addWidget(window.CaptionOf(control), row, column);
-  grid->addWidget(Entry(window, control, kWidestChannel), row, column + 1);
+  grid->addWidget(field(window, control, kWidestChannel), row, column + 1, Qt::AlignRight);
 }
 
 QGridLayout* Grid() {
@@ -53,6 +54,23 @@ QGridLayout* PeakRows(frmManualFit& form, FormWindow& window) {
   return grid;
 }
 
+// The tab key walks row by row.
+void OrderTabs(frmManualFit& form, FormWindow& window) {
+  QWidget* before = window.Of(form.txtParamNum);
+  const auto next = [&](const Control& control) {
+    QWidget::setTabOrder(before, window.Of(control));
+    before = window.Of(control);
+  };
+  for (int i = 0; i < frmManualFit::kManualPeaks; ++i) {
+    next(form.txtCenterCh[i]);
+    next(form.txtMaxCount[i]);
+    next(form.txtWidth[i]);
+    next(form.cmdGetValue[i]);
+  }
+  next(form.cmdExecute);
+  next(form.cmdCancel);
+}
+
 }  // namespace
 
 void LayOut(frmManualFit& form, FormWindow& window) {
@@ -60,8 +78,10 @@ void LayOut(frmManualFit& form, FormWindow& window) {
   column->addLayout(Head(form, window));
   column->addSpacing(kGap);
   column->addLayout(PeakRows(form, window));
+  column->addSpacing(kGap);
   column->addStretch();
   column->addLayout(ButtonRow(window, {&form.cmdExecute, &form.cmdCancel}));
+  OrderTabs(form, window);
   window.SetDefaultButton(form.cmdExecute);
   window.SetCancelButton(form.cmdCancel);
   window.SetFirstFocus(form.txtPeakNum);

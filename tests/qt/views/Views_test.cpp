@@ -4,13 +4,17 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTimer>
+#include <cmath>
 
 #include "forms/frmDialogMessage.h"
 #include "forms/frmInput.h"
+#include "forms/frmInputFitParameter.h"
 #include "forms/frmLog.h"
+#include "forms/frmManualFit.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
 #include "processing/RoiOpe.h"
+#include "program/Cursor.h"
 #include "program/ProgramFixture.h"
 #include "qt/binding/BindingFixture.h"
 
@@ -37,12 +41,21 @@ class Views : public ProgramTest {
     QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualRect(index).center());
   }
 
+  // Types over what stands in the box.
+  static void TypeOver(QWidget* box, const char* text) {
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(box, text);
+  }
+
   QtFormHost host;
   frmDialogMessage message{host};
   frmInput input{host};
   frmLog log_form{host};
   frmRoiReport regions{program, host};
   frmSelGraph graphs{program, host};
+  frmManualFit manual_fit{program, host};
+  frmInputFitParameter fit_input{program, host};
   FormViews windows{host};
 };
 
@@ -52,6 +65,8 @@ TEST_F(Views, EveryControlHasItsWidget) {
   ExpectEveryControlHasItsWidget(log_form, Open(log_form));
   ExpectEveryControlHasItsWidget(regions, Open(regions));
   ExpectEveryControlHasItsWidget(graphs, Open(graphs));
+  ExpectEveryControlHasItsWidget(manual_fit, Open(manual_fit));
+  ExpectEveryControlHasItsWidget(fit_input, Open(fit_input));
 }
 
 TEST_F(Views, InputIsTypedAndEndsWithEnterEachTime) {
@@ -124,6 +139,72 @@ TEST_F(Views, PinKeepsTheWindowOnTop) {
   EXPECT_TRUE(window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
   EXPECT_TRUE(window.Of(graphs.picPinOn)->isVisible());
   EXPECT_FALSE(window.Of(graphs.picPinOff)->isVisible());
+}
+
+// Gaussian of height 1000 at channel 130 with a half width of 6.
+std::vector<std::int32_t> SpectrumWithALine() {
+  std::vector<std::int32_t> counts;
+  for (int i = 0; i < 1024; ++i) {
+    counts.push_back(20 + static_cast<int>(1000 * std::pow(2.0, -std::pow((i - 130) / 6.0, 2))));
+  }
+  return counts;
+}
+
+TEST_F(Views, RegionIsFittedFromTypedPeaks) {
+  const auto data_no = Show(SpectrumWithALine());
+  SetArea(program, 100, 160);
+  CsrX_Change(program, 400);
+  windows.Add(manual_fit, [this](FormWindow& window) { LayOut(manual_fit, window); });
+  QTimer::singleShot(50, [this] {
+    FormWindow& window = *windows.WindowOf(manual_fit);
+    TypeOver(window.Of(manual_fit.txtPeakNum), "1");
+    TypeOver(window.Of(manual_fit.txtCenterCh[0]), "128");
+    TypeOver(window.Of(manual_fit.txtMaxCount[0]), "900");
+    QTest::mouseClick(window.Of(manual_fit.cmdExecute), Qt::LeftButton);
+  });
+  manual_fit.Open(0);
+  ASSERT_EQ(workspace.Peaks[data_no].Count, 1);
+  EXPECT_NEAR(workspace.Peaks[data_no].Peaks[0].Center, 130, 0.5);
+}
+
+TEST_F(Views, CenterOutOfRangeHoldsTheFocus) {
+  FormWindow& window = Open(manual_fit);
+  QWidget* box = window.Of(manual_fit.txtCenterCh[0]);
+  TypeOver(box, "9000");
+  QTest::keyClick(box, Qt::Key_Tab);
+  EXPECT_TRUE(box->hasFocus());
+  QTest::mouseClick(window.Of(manual_fit.cmdExecute), Qt::LeftButton);
+  EXPECT_TRUE(box->hasFocus());
+  QTest::keyClick(box, Qt::Key_Return);
+  EXPECT_TRUE(box->hasFocus());
+  EXPECT_FALSE(manual_fit.OK());
+  EXPECT_EQ(manual_fit.CenterCh(0), 0);
+}
+
+TEST_F(Views, TabWalksThePeaksRowByRow) {
+  FormWindow& window = Open(manual_fit);
+  window.Of(manual_fit.txtWidth[0])->setFocus();
+  QTest::keyClick(window.Of(manual_fit.txtWidth[0]), Qt::Key_Tab);
+  EXPECT_TRUE(window.Of(manual_fit.cmdGetValue[0])->hasFocus());
+  QTest::keyClick(window.Of(manual_fit.cmdGetValue[0]), Qt::Key_Tab);
+  EXPECT_TRUE(window.Of(manual_fit.txtCenterCh[1])->hasFocus());
+}
+
+TEST_F(Views, PeakIsTypedWithTheFocusOnItsWidth) {
+  const auto data_no = Show(SpectrumWithALine());
+  CsrX_Change(program, 130);
+  windows.Add(fit_input, [this](FormWindow& window) { LayOut(fit_input, window); });
+  QTimer::singleShot(50, [this] {
+    QWidget* width = windows.WindowOf(fit_input)->Of(fit_input.txtWidth);
+    EXPECT_TRUE(width->hasFocus());
+    QTest::keyClicks(width, "6");
+    QTest::keyClick(width, Qt::Key_Return);
+    EXPECT_TRUE(fit_input.Visible());
+    QTest::keyClick(width, Qt::Key_Escape);
+  });
+  fit_input.Open();
+  ASSERT_EQ(workspace.Peaks[data_no].Count, 1);
+  EXPECT_EQ(workspace.Peaks[data_no].Peaks[0].Height, 1020);
 }
 
 }  // namespace
