@@ -2,6 +2,9 @@
 // "Fit".
 #pragma once
 
+#include <span>
+
+#include "fitting/NaxPeak.h"
 #include "program/Program.h"
 
 namespace dorvane {
@@ -12,5 +15,10 @@ namespace dorvane {
 // all tables as they were, with the box "Failed to fit". A spectrum without a row in the list:
 // nothing. Throws Fault(Overflow) for a PeakWidthCh that is no 16-bit number.
 void NaxFitting(Program& program, int win_no, int data_no);
+
+// Adds the results of a scan to the peak table of a row's spectrum, writes the background under
+// them to FitBack, where it has these channels, and makes the curve "Fit". Nothing for no results,
+// a first one at channel number 0, and more than 100.
+void NaxScanStore(Program& program, int win_no, int grp_no, std::span<const NaxPeak> peaks);
 
 }  // namespace dorvane

@@ -1,32 +1,12 @@
 #include "program/NaxManualFit.h"
 
 #include "processing/PeakOpe.h"
+#include "program/NaxRecords.h"
 #include "program/PeakFit.h"
 #include "support/Fault.h"
 
 namespace dorvane {
 namespace {
-
-int RowOfSpectrum(const Workspace& workspace, int data_no) {
-  for (int row = 0; row < kRows; ++row) {
-    if (HoldsGraph(workspace, row) && workspace.Slots[row].DataNo == data_no) return row;
-  }
-  return -1;
-}
-
-PeakRec RecordOf(const NaxPeak& peak, std::int16_t func_type) {
-  PeakRec record;
-  record.FitDone = kTrue;
-  record.FuncType = func_type;
-  record.Height = peak.height;
-  record.Center = peak.position - 1;
-  record.HalfWidth = peak.fwhm / 2;
-  record.GaussRatio = 1;
-  // KEPT: a region fit counts as made by hand, which the reports and the lattice grids tell apart
-  // from a scan by the number of the other family.
-  record.FitEngine = kEngineExpress;
-  return record;
-}
 
 // The fit and the boxes of its regular ends.
 std::int16_t FitRegion(Program& program, int win_no, int row, const ManualFitList& list) {
@@ -68,7 +48,9 @@ void NaxFitStore(Program& program, int win_no, int grp_no, std::span<const NaxPe
   const GraphList list = program.List();
   const std::int16_t data_no = GetGraphDataNo(list, grp_no);
   for (const NaxPeak& peak : peaks) {
-    const PeakRec record = RecordOf(peak, workspace.FitParam.FuncType);
+    // KEPT: a region fit counts as made by hand, which the reports and the lattice grids tell apart
+    // from a scan by the number of the other family.
+    const PeakRec record = NaxRecord(peak, workspace.FitParam.FuncType, kEngineExpress);
     PeakAreaCalc(workspace, data_no, PeakInsert(list, win_no, grp_no, record));
     WriteFitBack(peak, OutsideFitBack::Fault, workspace.FitBack);
   }
