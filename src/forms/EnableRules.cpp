@@ -19,6 +19,9 @@ template <bool OperationButtons::*Button>
 bool ButtonOn(const Program& program) {
   return program.view.Buttons.*Button;
 }
+bool OneGraphOpen(const Program& program) {
+  return program.workspace.GrpCount == 1;
+}
 bool Expanded(const Program& program) {
   return program.view.ExpandOn != kFalse;
 }
@@ -36,6 +39,8 @@ constexpr std::array kRules{
     EnableRow{"tlbrFile", "Printer", NotCalibrating},
     EnableRow{"tlbrEnergy", "Calib", NotCalibrating},
     EnableRow{"tlbrOperation", "hkl", NotCalibrating},
+    EnableRow{"form", "cmdAutoFit", OneGraphOpen},
+    EnableRow{"menu", "mnuAutoFit", ButtonOn<&OperationButtons::AutoFit>},
     EnableRow{"menu", "mnuExpandOn", NotExpanded},
     EnableRow{"menu", "mnuExpandOff", Expanded},
 };

@@ -25,7 +25,10 @@ constexpr HintRow kHints[] = {
     {"intPeakNo=-1", "The peak table is full: a spectrum holds 100 peaks"},
     {"Peaks Cuted", "Peaks whose fit was not accepted have been removed"},
     {"File No Save.", "Yes drops what has changed, No keeps the data"},
-    {"Fit Failed", "Smooth and subtract the background first, then fit again"},
+    {"Fit Failed", "No fitted curve with its background is there: all ten rows in use, or no peak"},
+    {"Fitting was failed", "A higher \"BG Coefficient\" takes more of the noise for background"},
+    {"NO PEAKS ARE FOUND",
+     "A lower \"BG Coefficient\" finds weaker peaks; ExpressFitting has a search of its own"},
 };
 constexpr std::string_view kNoSpace = "GetGraphSpace: Notting Space!";
 constexpr const char* kNotWritten =

@@ -1,5 +1,5 @@
-// The window styles on the main form: "Expand", "PileUp", which windows pile up graphs, and the
-// divider between the windows.
+// The window styles on the main form: "Expand", "PileUp", which windows pile up graphs, the divider
+// between the windows; and the button that does the whole fit.
 #pragma once
 
 #include "forms/ControlArray.h"
@@ -22,6 +22,7 @@ class StylePanel {
 
   CheckBox ckbExpand;
   CheckBox chkWinStyle;
+  Button cmdAutoFit;                   // while one graph alone is open
   ControlArray<CheckBox> chkFilePile;  // by WinNo; off in Expand mode
   Splitter fraWinHeight;               // double click: closes the lower window, and opens it again
 

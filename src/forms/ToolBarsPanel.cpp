@@ -10,6 +10,7 @@ struct ButtonRow {
   std::string_view bar;
   std::string_view key;
   std::string_view caption;
+  std::string_view tip = "";  // where no menu entry has the same key
 };
 
 constexpr std::array kButtons{
@@ -30,7 +31,8 @@ constexpr std::array kButtons{
     ButtonRow{"tlbrOperation", "Smooth", "Smooth"},
     ButtonRow{"tlbrOperation", "BackGround", "Background"},
     ButtonRow{"tlbrOperation", "CalcSpect", "Arithmetic"},
-    ButtonRow{"tlbrOperation", "AllFit", "Fit All"},
+    ButtonRow{"tlbrOperation", "AllFit", "Fit All",
+              "Fit the peaks of the whole range, and take the background off"},
     ButtonRow{"tlbrOperation", "ManFit", "Manual Fit"},
     ButtonRow{"tlbrOperation", "MkDel", "Delete Peaks"},
     ButtonRow{"tlbrOperation", "DelAll", "Clear All"},
@@ -55,7 +57,7 @@ constexpr std::array kButtons{
     ButtonRow{"tlbrRoi", "RoiJmpLeft", "Previous Region"},
     ButtonRow{"tlbrRoi", "RoiJmpRight", "Next Region"},
     ButtonRow{"tlbrDisplay", "Expand", "Expand"},
-    ButtonRow{"tlbrNax", "NaxAllFit", "Nax Fit"},
+    ButtonRow{"tlbrNax", "NaxAllFit", "Nax Fit", "Fit the whole spectrum without a peak list"},
     ButtonRow{"tlbrNax", "NaxManualFit", "Nax Manual Fit"},
 };
 
@@ -69,8 +71,8 @@ std::vector<ToolButton> ButtonsOf(std::string_view bar) {
 }
 
 std::string TipOfButton(const ButtonRow& row) {
-  const MenuRow* entry = EntryOf(row.key);
-  return entry == nullptr ? std::string(row.caption) : TipWithKey(*entry);
+  if (const MenuRow* entry = EntryOf(row.key)) return TipWithKey(*entry);
+  return std::string(row.tip.empty() ? row.caption : row.tip);
 }
 
 }  // namespace

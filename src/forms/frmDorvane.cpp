@@ -192,6 +192,11 @@ void frmDorvane::CursorMoved() {
   graphs.RedrawOverlays();
 }
 
+void frmDorvane::ButtonsChanged() {
+  tool_bars.Refresh();
+  menus.Refresh();
+}
+
 void frmDorvane::CaptionChanged() {
   menus.Refresh();
   SetCaption(program_.view.Caption);

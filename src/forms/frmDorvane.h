@@ -77,7 +77,7 @@ class frmDorvane : public Form, public WorkspaceListener {
   void CursorMoved() override;
   void CalibrationShown() override { calibration.Refresh(); }
   void CaptionChanged() override;
-  void ButtonsChanged() override { tool_bars.Refresh(); }
+  void ButtonsChanged() override;
   void DataTypeShown() override { cursor.Refresh(); }
 
  private:

@@ -3,6 +3,7 @@
 #include <array>
 #include <exception>
 
+#include "program/AutoFit.h"
 #include "program/ClearAndReload.h"
 #include "program/Cursor.h"
 #include "program/DerivedGraphs.h"
@@ -21,9 +22,6 @@ void Open(Program& program) {
 void CloseGraph(Program& program) {
   if (!HoldsGraph(program.workspace, program.view.GraphNo)) return;
   DeleteGraph(program.List(), program.view.GraphNo);
-}
-void Fit(Program& program) {
-  FitPeak(program, GetRealWinNo(program.List()));
 }
 void JumpLeft(Program& program) {
   PeakJump(program, 0);
@@ -112,8 +110,14 @@ constexpr std::array kCommands{
     Command{"mnuCloseGraph", "", CloseGraph},
     Command{"Smooth", "mnuSmooth", SmoothGraph},
     Command{"BackGround", "mnuBackGround", BackGroundGraph},
-    Command{"AllFit", "mnuFittingAll", AllFit},
+    Command{"AutoFit", "mnuAutoFit", AutoFit},
+    Command{"AllFit", "", AllFit},
+    Command{"mnuFittingAll", "", FitAllPeaks},
     Command{"Fit", "mnuFitting", Fit},
+    Command{"Split", "mnuPeakSep", Split},
+    Command{"mnuExpressFit", "", mnuExpressFit_Click},
+    Command{"mnuNaxFit", "", mnuNaxFit_Click},
+    Command{"NaxAllFit", "", NaxAllFit},
     Command{"MkIns", "mnuPeakIns", InsertPeaksAtCursor},
     Command{"All", "mnuPeakAllIns", InsertAllPeaks},
     Command{"MkDel", "mnuPeakDelete", AskAndDeletePeaks},
@@ -180,11 +184,6 @@ bool RunGuarded(Program& program, const std::function<void(Program&)>& run) {
     program.ports.dialogs.Message(fault.what());
     return false;
   }
-}
-
-void AllFit(Program& program) {
-  SetFullRange(program);
-  FitPeak(program, GetRealWinNo(program.List()));
 }
 
 }  // namespace dorvane

@@ -29,7 +29,4 @@ bool RunCommand(Program& program, std::string_view name);
 // The same for any operation.
 bool RunGuarded(Program& program, const std::function<void(Program&)>& run);
 
-// "AllFit": fits the whole range of the current graph.
-void AllFit(Program& program);
-
 }  // namespace dorvane

@@ -135,7 +135,8 @@ class Monkey {
   // What users press most.
   static constexpr std::array kCommon{"LoadData", "LoadData", "SaveData", "Smooth",  "BackGround",
                                       "MkIns",    "All",      "Fit",      "AllFit",  "MkDel",
-                                      "RoiAdd",   "RoiDel",   "JmpRight", "JmpLeft", "AreaCursor"};
+                                      "RoiAdd",   "RoiDel",   "JmpRight", "JmpLeft", "AreaCursor",
+                                      "AutoFit",  "Split",    "NaxAllFit"};
 
   void Start() {
     if (dice_.OneIn(4)) files_.HarmParameters();

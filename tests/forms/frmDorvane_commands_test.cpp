@@ -125,6 +125,14 @@ TEST_F(MainCommandsTest, FourButtonsFollowTheFit) {
   EXPECT_TRUE(bars.tlbrOperation.ButtonEnabled("MkDel"));
 }
 
+TEST_F(MainCommandsTest, TheEntryOfTheWholeFitGoesOffWithItsButton) {
+  EXPECT_TRUE(Menu("mnuAutoFit").Enabled());
+  view.Buttons = {false, false, true, true};
+  form.ButtonsChanged();
+  EXPECT_FALSE(Menu("mnuAutoFit").Enabled());
+  EXPECT_FALSE(bars.tlbrOperation.ButtonEnabled("AutoFit"));
+}
+
 TEST_F(MainCommandsTest, ANewOpenSetsTheFourButtonsBack) {
   view.Buttons = {false, false, true, true};
   OpenFiles(1);
@@ -231,8 +239,11 @@ TEST_F(MainCommandsTest, AKeyThatNoRowNamesDoesNothing) {
 TEST_F(MainCommandsTest, CommandsOnAnEmptyWorkspaceGiveTheirMessageAtMost) {
   dialogs.ExpectMessage("ShiftGraph: Data Notting!");  // Smooth
   dialogs.ExpectMessage("ShiftGraph: Data Notting!");  // BackGround
-  for (const char* key : {"Smooth", "BackGround", "Fit", "MkIns", "AllFit", "All", "JmpLeft",
-                          "JmpRight", "AreaCursor", "Expand"}) {
+  dialogs.ExpectMessage("ShiftGraph: Data Notting!");  // AutoFit
+  dialogs.ExpectMessage("Fit Failed");                 // AllFit
+  for (const char* key :
+       {"Smooth", "BackGround", "AutoFit", "Fit", "Split", "MkIns", "AllFit", "mnuFittingAll",
+        "mnuExpressFit", "All", "JmpLeft", "JmpRight", "AreaCursor", "Expand"}) {
     form.commands.Run(key);
   }
   EXPECT_EQ(workspace.GrpCount, 0);

@@ -332,7 +332,7 @@ TEST_F(PeakCommandsTest, WithoutAGraphTheCommandsEndQuietly) {
   const auto data_no = Show(Spectrum(300, 100, {{20000, 150, 6}}));
   Enter(data_no, {19000, 150, 5}, 120, 180);
   RunCommand(program, "mnuCloseGraph");
-  for (const char* command : {"AllFit", "Fit", "All", "MkIns", "mnuPeakAllDelete"}) {
+  for (const char* command : {"mnuFittingAll", "Fit", "All", "MkIns", "mnuPeakAllDelete"}) {
     view.CursorCh = 150;
     EXPECT_TRUE(RunCommand(program, command)) << command;
     EXPECT_EQ(Row(0).State, kRowEmpty) << command;

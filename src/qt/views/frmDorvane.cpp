@@ -116,11 +116,12 @@ QWidget* ScaleSection(const frmDorvane& form, FormWindow& window) {
   return box;
 }
 
-QWidget* CheckSection(FormWindow& window, std::initializer_list<const CheckBox*> boxes) {
+// Controls below one another.
+QWidget* ColumnSection(FormWindow& window, std::initializer_list<const Control*> controls) {
   auto* box = new QWidget(&window);
   QGridLayout* grid = FieldGrid(box);
   int row = 0;
-  for (const CheckBox* check : boxes) grid->addWidget(window.Of(*check), row++, 0);
+  for (const Control* control : controls) grid->addWidget(window.Of(*control), row++, 0);
   grid->setRowStretch(row, 1);
   grid->setColumnStretch(1, 1);
   return box;
@@ -152,8 +153,8 @@ QWidget* Strip(const frmDorvane& form, FormWindow& window) {
   const StylePanel& style = form.style;
   return new SectionRow(
       {CursorSection(form, window), ScaleSection(form, window),
-       CheckSection(window, {&scale.ckbLogScale, &scale.ckbVtAuto, &scale.ckbNorScale}),
-       CheckSection(window, {&style.ckbExpand, &style.chkWinStyle}),
+       ColumnSection(window, {&scale.ckbLogScale, &scale.ckbVtAuto, &scale.ckbNorScale}),
+       ColumnSection(window, {&style.ckbExpand, &style.chkWinStyle, &style.cmdAutoFit}),
        CalibrationSection(form, window)},
       window.centralWidget());
 }
