@@ -71,6 +71,19 @@ TEST(MatInverse, ZeroMatrixIsSingular) {
   EXPECT_EQ(MatInverse(a, 3), 0);
 }
 
+TEST(MatInverse, APivotUpToTheLeastOneCountsAsZero) {
+  SquareMatrix a = Square({{2, 0}, {0, -0.5}});
+  EXPECT_EQ(MatInverse(a, 2, 0.5), 0);
+  a = Square({{2, 0}, {0, -0.5}});
+  EXPECT_EQ(MatInverse(a, 2, 0.4999), -1);
+}
+
+TEST(MatInverse, MatricesOfOtherSizesAreInverted) {
+  std::array<std::array<double, 2>, 2> a = {{{4, 7}, {2, 6}}};
+  EXPECT_NEAR(MatInverse(a, 2), 10, kRounding);
+  EXPECT_NEAR(a[1][0], -0.2, kRounding);
+}
+
 TEST(MatInverse, NotANumberAndOverflowAreFaults) {
   SquareMatrix a = Square({{1, std::numeric_limits<double>::quiet_NaN()}, {1, 2}});
   EXPECT_THROW(MatInverse(a, 2), Fault);
