@@ -210,6 +210,8 @@ GroupStatus Group::Fit(std::span<const ScanPeak> peaks) {
       status = Iterate(failed);
     }
     if (failed == kNone) return status;
+    // KEPT: the peak at which the restart fails goes, though it may be a good one that was too
+    // sharp, and another the one that doesn't fit.
     Remove(failed);
   }
   return GroupStatus::Failed;

@@ -50,7 +50,8 @@ class PeakRun {
   void Close() { length_ = 0; }
 
   // The peak of the run: its position is the vertex of the sharpest parabola, or the window's
-  // centre where that lies further away than `spacing`.
+  // centre where that lies further away than `spacing`. Throws Fault(DivisionByZero) for a b3 of 0,
+  // which only a negative noise lets pass.
   ScanPeak Peak(double spacing, const ScanControl& control) const;
 
  private:

@@ -13,7 +13,9 @@ namespace dorvane {
 // BgCoef. The peaks found replace those of its table, FitBack is written anew, and the curve "Fit"
 // is made. No peak found is told by the box "NO PEAKS ARE FOUND". Stopped by the user, it leaves
 // all tables as they were, with the box "Failed to fit". A spectrum without a row in the list:
-// nothing. Throws Fault(Overflow) for a PeakWidthCh that is no 16-bit number.
+// nothing. Throws Fault(Overflow) for a PeakWidthCh that is no 16-bit number, and
+// Fault(DivisionByZero) where a negative BgCoef takes a straight line for a peak; the tables are
+// then as they were.
 void NaxFitting(Program& program, int win_no, int data_no);
 
 // Adds the results of a scan to the peak table of a row's spectrum, writes the background under
