@@ -124,6 +124,14 @@ void PeakFixBorders(const GraphList& list, int win_no, int grp_no, int first, in
   }
 }
 
+void PeakFixMarkedBorders(const GraphList& list, int win_no, int grp_no, int first, int last) {
+  PeakFixBorders(list, win_no, grp_no, first, last);
+  if (last <= first) return;  // a single peak has kept its mark
+  const int data_no = DataNoOf(list, grp_no);
+  const PeakTable& table = list.workspace.Peaks[data_no];
+  for (int i = first; i <= last; ++i) list.listener.PeakMarked(win_no, data_no, table.Peaks[i]);
+}
+
 void PeakAreaCalc(Workspace& workspace, int data_no, int index) {
   PeakRec& peak = workspace.Peaks[data_no].Peaks[index];
   const std::array<double, 4> shape = {peak.GaussRatio * peak.Height, peak.Center, peak.HalfWidth,

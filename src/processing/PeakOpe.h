@@ -57,6 +57,9 @@ std::int16_t PeakJumpTarget(const Workspace& workspace, int data_no, int cursor_
 // less; earlier pairs are then settled already.
 void PeakFixBorders(const GraphList& list, int win_no, int grp_no, int first, int last);
 
+// The same for marked peaks, which have their marks again afterwards. An empty range: nothing.
+void PeakFixMarkedBorders(const GraphList& list, int win_no, int grp_no, int first, int last);
+
 // Fills Amplitude: the peak's shape, without background, summed over all channels of the spectrum
 // in ascending order. Channels where the shape faults (half width 0) count as 0. Throws
 // Fault(Subscript) for an index outside 0..99.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "program/DerivedGraphs.h"
+#include "program/NaxRecords.h"
 #include "support/Rounding.h"
 
 namespace dorvane {
@@ -16,11 +17,9 @@ int CoveredChannels(const ChannelBlock& block) {
 }
 
 // A graph keeps its row, so that no other one loses its place in the list.
-int RowOfSpectrum(const Workspace& workspace, int data_no) {
-  for (int row = 0; row < kRows; ++row) {
-    if (HoldsGraph(workspace, row) && workspace.Slots[row].DataNo == data_no) return row;
-  }
-  return kRowOfBackRemv;
+int RowToShowIn(const Workspace& workspace, int data_no) {
+  const int own = RowOfSpectrum(workspace, data_no);
+  return own < 0 ? kRowOfBackRemv : own;
 }
 
 void ShowAs(Program& program, int row, int data_no, std::string_view title) {
@@ -54,7 +53,7 @@ void NaxRemvToGraph(Program& program, int source, int background, int destinatio
                        ? Narrow<std::int32_t>(std::int64_t{from.Counts[i]} - back.Counts[i])
                        : 0;
   }
-  ShowAs(program, RowOfSpectrum(workspace, destination), destination, kTitleBackRemv);
+  ShowAs(program, RowToShowIn(workspace, destination), destination, kTitleBackRemv);
 }
 
 void NaxAreaFitBackGroundDataSet(Program& program, int win_no, int grp_no) {

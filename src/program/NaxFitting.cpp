@@ -41,7 +41,7 @@ void NaxScanStore(Program& program, int win_no, int grp_no, std::span<const NaxP
     PeakAreaCalc(workspace, data_no, index++);
     WriteFitBack(peak, OutsideFitBack::Skip, workspace.FitBack);
   }
-  PeakFixBorders(list, win_no, grp_no, 0, workspace.Peaks[data_no].Count - 1);
+  PeakFixMarkedBorders(list, win_no, grp_no, 0, workspace.Peaks[data_no].Count - 1);
   MakeFitGraph(program, data_no);
 }
 

@@ -269,13 +269,8 @@ void InsertPeaks(Program& program, int win_no, int grp_no, const AreaRegion& are
     last_new = std::max(last_new, index);
   }
   if (area.valid && last_new >= 0) {
-    PeakFixBorders(list, win_no, grp_no, first_new, last_new);
-    for (int i = first_new; i <= last_new; ++i) {
-      PeakAreaCalc(workspace, data_no, i);
-      // Settling the borders has taken the marks of all neighbours away.
-      if (first_new == last_new) continue;
-      list.listener.PeakMarked(win_no, data_no, workspace.Peaks[data_no].Peaks[i]);
-    }
+    PeakFixMarkedBorders(list, win_no, grp_no, first_new, last_new);
+    for (int i = first_new; i <= last_new; ++i) PeakAreaCalc(workspace, data_no, i);
   }
   program.Listener().RedrawWanted(win_no);
 }

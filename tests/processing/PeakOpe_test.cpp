@@ -271,6 +271,23 @@ TEST_F(PeakBorders, RegionsThatTouchStayAndAreUnmarked) {
   EXPECT_THAT(listener_.calls, ElementsAre("unmark 1 5 20", "unmark 1 5 40"));
 }
 
+TEST_F(PeakBorders, MarkedPeaksOfARangeHaveTheirMarksAgain) {
+  InsertRegion(20, 10, 30);
+  InsertRegion(40, 30, 50);
+  listener_.calls.clear();
+  PeakFixMarkedBorders(list_, kWin, kRow, 0, 1);
+  EXPECT_THAT(listener_.calls,
+              ElementsAre("unmark 1 5 20", "unmark 1 5 40", "mark 1 5 20", "mark 1 5 40"));
+}
+
+TEST_F(PeakBorders, ASingleMarkedPeakKeepsItsMark) {
+  InsertRegion(20, 10, 30);
+  listener_.calls.clear();
+  PeakFixMarkedBorders(list_, kWin, kRow, 0, 0);
+  PeakFixMarkedBorders(list_, kWin, kRow, 0, -1);
+  EXPECT_TRUE(listener_.calls.empty());
+}
+
 TEST_F(PeakBorders, EveryPairOfTheRangeIsSettled) {
   workspace_->Channels[kData].Counts.fill(100);
   InsertRegion(20, 10, 35);

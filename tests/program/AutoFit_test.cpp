@@ -204,6 +204,12 @@ TEST_F(AutoFitTest, TheScanByItsKeyFitsTheWholeSpectrumAndMakesNoBackground) {
   EXPECT_EQ(view.Pointer, kPointerArrow);
 }
 
+TEST_F(AutoFitTest, TheFoundPeaksOfAScanAreMarked) {
+  ShowLines();
+  NaxAllFit(program);
+  EXPECT_THAT(program.spect.PeakLinesOf(0).Channels(), ElementsAre(500, 1001, 1500));
+}
+
 TEST_F(AutoFitTest, TheEntryOfTheNaxFamilyChoosesItAndScans) {
   ShowLines();
   UseExpress();
