@@ -54,7 +54,7 @@ void NaxFitStore(Program& program, int win_no, int grp_no, std::span<const NaxPe
     PeakAreaCalc(workspace, data_no, PeakInsert(list, win_no, grp_no, record));
     WriteFitBack(peak, OutsideFitBack::Fault, workspace.FitBack);
   }
-  PeakFixBorders(list, win_no, grp_no, 0, workspace.Peaks[data_no].Count - 1);
+  PeakFixMarkedBorders(list, win_no, grp_no, 0, workspace.Peaks[data_no].Count - 1);
   MakeFitGraph(program, data_no);
 }
 
