@@ -85,14 +85,51 @@ std::int32_t HeightFor(std::int32_t largest) {
   return std::max(largest, ScaleValue(kScaleSteps - 1));
 }
 
-// Counts of a fitted line with its background at a channel index with a fraction. The background's
-// slope counts from 1 at the start of the region, as the fit does.
-double FittedCounts(const PeakRec& peak, double channel) {
+// A peak of a group has no region and no background of its own.
+bool FittedInGroup(const PeakRec& peak) {
+  return peak.RegionEnd <= peak.RegionStart;
+}
+
+// Where a fitted line is drawn, channel indices: its region, or one FWHM on either side.
+std::pair<double, double> DrawnChannels(const PeakRec& peak) {
+  if (!FittedInGroup(peak)) return {peak.RegionStart, peak.RegionEnd};
+  const double fwhm = 2 * peak.HalfWidth;
+  return {peak.Center - fwhm, peak.Center + fwhm};
+}
+
+// Whether a peak has a curve.
+bool IsFitted(const PeakRec& peak) {
+  return peak.FitDone == kTrue && peak.HalfWidth > 0;
+}
+
+// Counts of a fitted line at a channel index with a fraction.
+double LineCounts(const PeakRec& peak, double channel) {
   const std::array shape{peak.GaussRatio * peak.Height, peak.Center, peak.HalfWidth,
                          (1 - peak.GaussRatio) * peak.Height};
   int error = 0;
-  return MixFunc(channel, shape, error) + peak.BackConst +
-         peak.BackSlope * (channel - peak.RegionStart + 1);
+  return MixFunc(channel, shape, error);
+}
+
+// Level on which a peak of a group stands: the mean of what all lines leave of the counts about it.
+// The background of its fit belongs to the middle of the group.
+double LevelUnder(const PeakRec& peak, const PeakTable& table, const ChannelBlock& block) {
+  const auto [start, end] = DrawnChannels(peak);
+  const int first = static_cast<int>(std::clamp<double>(std::ceil(start), 0, block.Count));
+  const int last = static_cast<int>(std::clamp<double>(std::floor(end), -1, block.Count - 1));
+  double left = 0;
+  for (int channel = first; channel <= last; ++channel) {
+    left += block.Counts[channel];
+    for (int k = 0; k < table.Count; ++k) {
+      if (IsFitted(table.Peaks[k])) left -= LineCounts(table.Peaks[k], channel);
+    }
+  }
+  return last < first ? 0 : left / (last - first + 1);
+}
+
+// Counts of the background of a single peak; its slope counts from 1 at the start of the region, as
+// the fit does.
+double OwnBackground(const PeakRec& peak, double channel) {
+  return peak.BackConst + peak.BackSlope * (channel - peak.RegionStart + 1);
 }
 
 // Lends the engine a surface for the page; it has none afterwards, come what may.
@@ -189,18 +226,26 @@ class PagePainter {
     const PeakTable& table = program_.workspace.Peaks[content_.data_no];
     for (int k = 0; k < table.Count; ++k) {
       const PeakRec& peak = table.Peaks[k];
-      if (peak.FitDone != kTrue || !(peak.HalfWidth > 0)) continue;
-      const double first = std::max<double>(peak.RegionStart, shown_.first);
-      const double last = std::min<double>(peak.RegionEnd, shown_.last);
-      std::vector<Segment> line;
-      for (double channel = first; channel + kCurveStep <= last; channel += kCurveStep) {
-        const double next = channel + kCurveStep;
-        line.push_back({{XOf(channel), YOf(FittedCounts(peak, channel))},
-                        {XOf(next), YOf(FittedCounts(peak, next))}});
-      }
-      graph.Lines(line, colors_[kColorFitCurve]);
+      if (IsFitted(peak)) graph.Lines(FittedLine(peak, table), colors_[kColorFitCurve]);
     }
     graph.SetLineWidth(old_width);
+  }
+
+  std::vector<Segment> FittedLine(const PeakRec& peak, const PeakTable& table) const {
+    const auto [start, end] = DrawnChannels(peak);
+    const double first = std::max<double>(start, shown_.first);
+    const double last = std::min<double>(end, shown_.last);
+    const bool in_group = FittedInGroup(peak);
+    const double level = in_group ? LevelUnder(peak, table, block_) : 0;
+    const auto place = [&](double channel) {
+      const double background = in_group ? level : OwnBackground(peak, channel);
+      return Point{XOf(channel), YOf(LineCounts(peak, channel) + background)};
+    };
+    std::vector<Segment> line;
+    for (double channel = first; channel + kCurveStep <= last; channel += kCurveStep) {
+      line.push_back({place(channel), place(channel + kCurveStep)});
+    }
+    return line;
   }
 
   // Upper edge of what is drawn between two places of the plot.

@@ -35,9 +35,9 @@ using PanelMaker =
     std::function<std::unique_ptr<Surface>(double x, double y, double width, double height)>;
 
 // Draws the page over width * height pixels. Measured counts are dots, fitted lines are drawn where
-// they were fitted, upon their own backgrounds. Labels stand above the counts and never overlap;
-// one that has no room is left out. The view is as before afterwards, but view 2 of the drawing
-// engine has become the alias of window 0.
+// they were fitted, upon their own backgrounds, and lines of a group one FWHM to either side.
+// Labels stand above the counts and never overlap; one that has no room is left out. The view is as
+// before afterwards, but view 2 of the drawing engine has become the alias of window 0.
 void DrawSpectrumPage(Program& program, const SpectrumPage& content, double width, double height,
                       const PanelMaker& make_panel);
 

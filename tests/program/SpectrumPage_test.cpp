@@ -109,6 +109,36 @@ TEST_F(SpectrumPageTest, FittedLineStandsOnItsBackground) {
   EXPECT_LT(top, highest_dot);
 }
 
+TEST_F(SpectrumPageTest, LineOfAGroupIsDrawnOneFwhmToEitherSide) {
+  AddFittedPeak();
+  PeakRec& peak = workspace.Peaks[content.data_no].Peaks[0];
+  peak.RegionStart = peak.RegionEnd = 0;
+  peak.HalfWidth = 2.5;
+  Draw();
+  EXPECT_EQ(FitStrokes().size(), 40u);  // ten channels in quarters
+}
+
+TEST_F(SpectrumPageTest, LineOfAGroupStandsOnWhatTheLinesLeaveOfTheCounts) {
+  AddFittedPeak();
+  PeakTable& table = workspace.Peaks[content.data_no];
+  PeakRec& peak = table.Peaks[0];
+  peak.RegionStart = peak.RegionEnd = 0;
+  peak.BackConst = 0;
+  peak.Center = 200;
+  peak.HalfWidth = 3;
+  peak.Height = 1e-9;  // on counts of 10 everywhere about it
+  Draw();
+  const double flat = FitStrokes().front().from.y;
+  // thirteen channels are drawn: 40 counts more of each, in one of them and then in two
+  workspace.Channels[content.data_no].Counts[199] += 13 * 40;
+  Draw();
+  const double rise = flat - FitStrokes().front().from.y;
+  EXPECT_GT(rise, 0);
+  workspace.Channels[content.data_no].Counts[198] += 13 * 40;
+  Draw();
+  EXPECT_NEAR(flat - FitStrokes().front().from.y, 2 * rise, 1e-6);
+}
+
 TEST_F(SpectrumPageTest, PeakWithoutAFitIsNotDrawn) {
   AddFittedPeak();
   workspace.Peaks[content.data_no].Peaks[0].FitDone = 0;
