@@ -20,6 +20,7 @@ class Splitter;
 class Tabs;
 class TextBox;
 class Timer;
+class ToggleButton;
 class ToolBar;
 class UpDown;
 
@@ -43,6 +44,7 @@ class ControlVisitor {
   virtual void Visit(Tabs&) = 0;
   virtual void Visit(TextBox&) = 0;
   virtual void Visit(Timer&) = 0;
+  virtual void Visit(ToggleButton&) = 0;
   virtual void Visit(ToolBar&) = 0;
   virtual void Visit(UpDown&) = 0;
 };

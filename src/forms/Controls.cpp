@@ -26,6 +26,9 @@ void NumberBox::Accept(ControlVisitor& visitor) {
 void CheckBox::Accept(ControlVisitor& visitor) {
   visitor.Visit(*this);
 }
+void ToggleButton::Accept(ControlVisitor& visitor) {
+  visitor.Visit(*this);
+}
 void OptionGroup::Accept(ControlVisitor& visitor) {
   visitor.Visit(*this);
 }
@@ -87,6 +90,10 @@ void NumberBox::Type(const std::string& text) {
 
 void CheckBox::SetChecked(bool checked) {
   if (Store(checked_, checked)) Click.Fire();
+}
+
+void ToggleButton::SetPressed(bool pressed) {
+  if (Store(pressed_, pressed)) Click.Fire();
 }
 
 OptionGroup::OptionGroup(ControlList& controls, std::string name, std::vector<std::string> captions)

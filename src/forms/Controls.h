@@ -96,6 +96,19 @@ class CheckBox : public Control {
   bool checked_ = false;
 };
 
+// A button that stays down until it is pressed again.
+class ToggleButton : public Control {
+ public:
+  using Control::Control;
+  void Accept(ControlVisitor& visitor) override;
+  bool Pressed() const { return pressed_; }
+  void SetPressed(bool pressed);
+  Event<> Click;
+
+ private:
+  bool pressed_ = false;
+};
+
 // Options of which one is on; its options are optName_0, optName_1 and so on for a widget.
 class OptionGroup : public Control {
  public:

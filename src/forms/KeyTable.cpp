@@ -71,6 +71,7 @@ class KeyUseOf : public ControlVisitor {
   void Visit(ScrollBar&) override { use = KeyUse::Arrows; }
   void Visit(Slider&) override { use = KeyUse::Arrows; }
   void Visit(Tabs&) override { use = KeyUse::Arrows; }
+  void Visit(ToggleButton&) override { use = KeyUse::Arrows; }
   void Visit(UpDown&) override { use = KeyUse::Arrows; }
   void Visit(NumberBox&) override { use = KeyUse::ArrowsAndSigns; }
   void Visit(TextBox&) override { use = KeyUse::ArrowsAndSigns; }

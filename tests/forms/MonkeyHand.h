@@ -111,6 +111,10 @@ class MonkeyHand : public ControlVisitor {
   void Visit(Timer& timer) override {
     Do("tick", [&] { timer.Tick(); });
   }
+  void Visit(ToggleButton& button) override {
+    const bool down = !button.Pressed();
+    Do(down ? "press down" : "release", [&] { button.SetPressed(down); });
+  }
   void Visit(ToolBar& bar) override {
     const ToolButton& button = dice_.OneOf(bar.Buttons());
     if (!button.enabled) return;

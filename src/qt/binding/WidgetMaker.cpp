@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QPushButton>
 #include <QTimer>
+#include <QToolButton>
 
 #include "forms/Controls.h"
 #include "forms/Grid.h"
@@ -155,6 +156,22 @@ void WidgetMaker::Visit(Timer& control) {
   });
   QObject::connect(timer, &QTimer::timeout, timer, [&control] { control.Tick(); });
   made_ = timer;
+}
+
+void WidgetMaker::Visit(ToggleButton& control) {
+  auto* button = new QToolButton(holder_);
+  button->setCheckable(true);
+  button->setFocusPolicy(Qt::StrongFocus);
+  const auto follow = [&control, button] {
+    button->setText(ToQString(control.Caption()));
+    button->setChecked(control.Pressed());
+  };
+  Mirror(control, button, follow);
+  QObject::connect(button, &QToolButton::clicked, button, [&control, follow](bool checked) {
+    control.SetPressed(checked);
+    follow();
+  });
+  Keep(control, button);
 }
 
 void WidgetMaker::Visit(ToolBar& control) {

@@ -36,6 +36,7 @@ class WidgetMaker : private ControlVisitor {
   void Visit(Tabs& control) override;
   void Visit(TextBox& control) override;
   void Visit(Timer& control) override;
+  void Visit(ToggleButton& control) override;
   void Visit(ToolBar& control) override;
   void Visit(UpDown& control) override;
   void Keep(Control& control, QWidget* widget);

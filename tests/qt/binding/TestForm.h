@@ -57,6 +57,7 @@ class TestForm : public Form {
   TextBox txtNote{controls_, "txtNote", "Notes"};
   NumberBox imnAngle{controls_, "imnAngle", "##0.000", "Angle"};
   CheckBox chkFix{controls_, "chkFix", "Fi&x"};
+  ToggleButton tglAtom{controls_, "tglAtom_26", "Fe"};
   OptionGroup optEGC{controls_, "optEGC", {"Default", "This File"}};
   ComboBox cboSmooth{controls_, "cboSmooth", "Smoothing"};
   ListBox lstFiles{controls_, "lstFiles", "Files"};
@@ -89,6 +90,7 @@ inline void LayOut(TestForm& form, FormWindow& window) {
   QVBoxLayout* left = InnerColumn(window.Of(form.fraFields));
   left->addLayout(fields.Layout());
   left->addWidget(window.Of(form.chkFix));
+  left->addWidget(window.Of(form.tglAtom));
   left->addWidget(window.Of(form.optEGC));
   left->addStretch();
 

@@ -136,6 +136,28 @@ TEST_F(BindingTest, CheckThatIsTakenBackShowsSo) {
   EXPECT_FALSE(Find<QCheckBox>("chkFix")->isChecked());
 }
 
+TEST_F(BindingTest, ToggleButtonStaysDownUntilItIsPressedAgain) {
+  const auto clicks = Count(form.tglAtom.Click);
+  QTest::mouseClick(Of(form.tglAtom), Qt::LeftButton);
+  EXPECT_TRUE(form.tglAtom.Pressed());
+  QTest::keyClick(Of(form.tglAtom), Qt::Key_Space);
+  EXPECT_FALSE(form.tglAtom.Pressed());
+  EXPECT_EQ(*clicks, 2);
+}
+
+TEST_F(BindingTest, ToggleButtonFollowsItsControl) {
+  form.tglAtom.SetPressed(true);
+  form.tglAtom.SetCaption("Co");
+  EXPECT_TRUE(Find<QToolButton>("tglAtom_26")->isChecked());
+  EXPECT_EQ(Find<QToolButton>("tglAtom_26")->text(), "Co");
+}
+
+TEST_F(BindingTest, TogglePressThatIsTakenBackShowsSo) {
+  form.tglAtom.Click.Connect([this] { form.tglAtom.SetPressed(false); });
+  QTest::keyClick(Of(form.tglAtom), Qt::Key_Space);
+  EXPECT_FALSE(Find<QToolButton>("tglAtom_26")->isChecked());
+}
+
 TEST_F(BindingTest, TimerTicksWhileItIsOn) {
   EXPECT_FALSE(Find<QTimer>("timScroll")->isActive());
   form.timScroll.SetEnabled(true);
