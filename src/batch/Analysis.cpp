@@ -7,10 +7,12 @@
 #include "batch/BatchError.h"
 #include "batch/Tables.h"
 #include "files/SplitPath.h"
+#include "fitting/NaxScan.h"
 #include "processing/PeakOpe.h"
 #include "processing/Units.h"
 #include "program/Cursor.h"
 #include "program/DerivedGraphs.h"
+#include "program/NaxFitting.h"
 #include "program/OpenSave.h"
 #include "program/PeakFit.h"
 #include "support/NumberText.h"
@@ -53,15 +55,22 @@ AnalysisRun::AnalysisRun(FileLayer& files, const CrystalLibrary& library,
       files_(files),
       program_(std::make_unique<Program>(ports_.Join(files), "")) {
   result_.path = path;
+  result_.engine = request.engine;
   Workspace& workspace = program_->workspace;
   workspace.FitParam.SmoothKind = ToInt16(std::max(request.smooth_kind, 0));
   workspace.FitParam.PeakThres = request.threshold;
   workspace.FitParam.BackInterval = request.back_interval;
   workspace.FitParam.BackTimes = request.back_times;
+  workspace.Settings.BgCoef = request.bg_coefficient;
+  workspace.Settings.PeakWidthCh = request.peak_width;
   try {
     Read();
     Prepare();
-    Fit();
+    if (request.engine == FitEngine::Nax) {
+      FitByScan();
+    } else {
+      FitPeakByPeak();
+    }
     TakeMessages();
     Index(library);
     ListPeaks();
@@ -103,9 +112,27 @@ void AnalysisRun::Prepare() {
   data_no_ = program_->view.DataNo;
 }
 
+// The scan takes the whole spectrum; what lies outside of the range goes afterwards.
+void AnalysisRun::FitByScan() {
+  const GraphList list = program_->List();
+  const int win_no = GetRealWinNo(list);
+  NaxFitting(*program_, win_no, data_no_);
+  if (result_.channels > kMaxScanChannels) {
+    ports_.dialogs.Message("channels above " + std::to_string(kMaxScanChannels) +
+                           " are not scanned; --engine express reaches them");
+  }
+  if (!request_.range) return;
+  const PeakTable& table = program_->workspace.Peaks[data_no_];
+  for (int i = table.Count - 1; i >= 0; --i) {
+    const double center = table.Peaks[i].Center;
+    if (center >= request_.range->first && center <= request_.range->last) continue;
+    PeakDelete(list, win_no, program_->view.GraphNo, i);
+  }
+}
+
 // A single peak on which the engine faults would end the fit of all: it is left out, and the others
 // start afresh.
-void AnalysisRun::Fit() {
+void AnalysisRun::FitPeakByPeak() {
   const auto mark_area = [this] {
     if (request_.range) {
       SetArea(*program_, request_.range->first, request_.range->last);

@@ -16,6 +16,7 @@
 namespace dorvane {
 
 enum class FitOn { Raw, Smooth, Removed };
+enum class FitEngine { Express, Nax };
 
 struct AnalysisRequest {
   std::string crystal;  // name in the library; the spectrum's sample name decides where it is empty
@@ -25,7 +26,10 @@ struct AnalysisRequest {
   bool background = false;  // estimated although the fit does not need it
   std::int16_t back_interval = 20;
   std::int16_t back_times = 20;
-  std::int16_t threshold = 10;
+  FitEngine engine = FitEngine::Nax;
+  std::int16_t threshold = 10;        // Express engine: sensitivity of the search
+  double bg_coefficient = 1;          // Nax engine: curvature that counts as noise
+  double peak_width = 20;             // Nax engine: channels
   std::optional<double> judge_range;  // angstrom; widened from 0.03 as needed where none is given
   std::optional<ChannelSpan> range;
   bool log_scale = false;
@@ -50,6 +54,7 @@ struct Analysis {
   int channels = 0;
   double two_theta_deg = 0;
   EgcCoef egc;
+  FitEngine engine = FitEngine::Nax;
   std::vector<PeakRow> peaks;
   bool indexed = false;  // a crystal was known
   LatticeMode mode = LatticeMode::Sample;
@@ -74,7 +79,8 @@ class AnalysisRun {
  private:
   void Read();
   void Prepare();
-  void Fit();
+  void FitByScan();
+  void FitPeakByPeak();
   void LeaveOut(const Fault& fault, PeakTable& found);
   void Index(const CrystalLibrary& library);
   int CrystalIndex(const CrystalLibrary& library);

@@ -25,7 +25,7 @@ struct AnalyseTexts {
   std::string background;
   std::string fit_on = "smooth";
   std::string format = "table";
-  std::string engine = "express";
+  std::string engine = "nax";
   double reject_percent = 0.2;
   int threshold = 10;
   bool marker = false;
@@ -63,7 +63,9 @@ void AddAnalyse(CLI::App& app, AnalyseOptions& options, AnalyseTexts& texts) {
   analyse
       ->add_option("--smooth", texts.smooth, "Points of the smoothing filter: 5, 7, 9, 11 or none")
       ->capture_default_str();
-  analyse->add_option("--threshold", texts.threshold, "Sensitivity of the peak search, 1 to 20")
+  analyse
+      ->add_option("--threshold", texts.threshold,
+                   "Sensitivity of the peak search, 1 to 20 (express)")
       ->check(CLI::Range(1, 20))
       ->capture_default_str();
   analyse->add_option("--background", texts.background,
@@ -72,8 +74,21 @@ void AddAnalyse(CLI::App& app, AnalyseOptions& options, AnalyseTexts& texts) {
       ->add_option("--fit-on", texts.fit_on, "What is fitted: raw, smooth or removed (background)")
       ->check(CLI::IsMember({"raw", "smooth", "removed"}))
       ->capture_default_str();
-  analyse->add_option("--engine", texts.engine, "Fit engine")
-      ->check(CLI::IsMember({"express"}))
+  analyse
+      ->add_option("--engine", texts.engine,
+                   "nax: scans the spectrum and fits neighbours together; express: searches peaks "
+                   "and fits them one by one")
+      ->check(CLI::IsMember({"express", "nax"}))
+      ->capture_default_str();
+  analyse
+      ->add_option("--bg-coefficient", request.bg_coefficient,
+                   "Curvature that counts as noise (nax): higher for more background")
+      ->check(CLI::NonNegativeNumber)
+      ->capture_default_str();
+  analyse
+      ->add_option("--peak-width", request.peak_width,
+                   "Channels behind a peak after which a group ends (nax)")
+      ->check(CLI::Range(1, 250))
       ->capture_default_str();
   analyse->add_option("--out", options.out, "Folder of the results; default: the current one");
   analyse->add_option("--picture", options.picture, "Kind of the picture: png, svg or pdf")
@@ -99,6 +114,7 @@ void SettleAnalyse(const AnalyseTexts& texts, AnalyseOptions& options) {
   if (!texts.exclude_lines.empty())
     request.lattice.exclude_lines = ParseHklList(texts.exclude_lines);
   request.smooth_kind = ParseSmoothing(texts.smooth);
+  request.engine = texts.engine == "nax" ? FitEngine::Nax : FitEngine::Express;
   request.threshold = ToInt16(texts.threshold);
   if (!texts.background.empty()) {
     std::tie(request.back_interval, request.back_times) = ParseBackground(texts.background);

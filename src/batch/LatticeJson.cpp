@@ -50,6 +50,7 @@ Json AnalysisJson(const Analysis& analysis) {
   json["channels"] = analysis.channels;
   json["two_theta_deg"] = analysis.two_theta_deg;
   json["egc_keV"] = {analysis.egc[0], analysis.egc[1], analysis.egc[2]};
+  json["engine"] = analysis.engine == FitEngine::Nax ? "nax" : "express";
   json["peaks"] = analysis.peaks.size();
   json["crystal"] = analysis.indexed ? Json(lattice.crystal) : Json(nullptr);
   if (analysis.indexed) {

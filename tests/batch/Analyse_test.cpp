@@ -38,8 +38,20 @@ class AnalyseTest : public BatchTest {
   }
 };
 
+// What both engines find.
+
+class BothEngines : public AnalyseTest, public testing::WithParamInterface<const char*> {
+ protected:
+  static BatchRun Analyse(std::vector<std::string> words) {
+    words.insert(words.end(), {"--engine", GetParam(), "--overwrite"});
+    return AnalyseTest::Analyse(words);
+  }
+};
+INSTANTIATE_TEST_SUITE_P(Engines, BothEngines, testing::Values("express", "nax"),
+                         [](const auto& name) { return std::string(name.param); });
+
 // Literature cell of corundum: a = 4.7587 angstrom.
-TEST_F(AnalyseTest, CorundumGivesItsCell) {
+TEST_P(BothEngines, CorundumGivesItsCell) {
   ASSERT_EQ(Analyse({"samples/corundum_ambient.npd", "--crystal", "Al2O3"}).status, 0);
   const json lattice = Lattice("corundum_ambient");
   EXPECT_NEAR(lattice["cell"]["a"]["value"].get<double>(), 4.760, 0.002);
@@ -49,7 +61,7 @@ TEST_F(AnalyseTest, CorundumGivesItsCell) {
   EXPECT_GE(near, 8);
 }
 
-TEST_F(AnalyseTest, MagnesiumOxideUnderLoadGivesItsColdPressure) {
+TEST_P(BothEngines, MagnesiumOxideUnderLoadGivesItsColdPressure) {
   ASSERT_EQ(Analyse({"samples/mgo_under_load.npd", "--crystal", "MgO", "--marker", "--temperature",
                      "27", "--use-lines", "2 0 0,2 2 0"})
                 .status,
@@ -60,23 +72,23 @@ TEST_F(AnalyseTest, MagnesiumOxideUnderLoadGivesItsColdPressure) {
   EXPECT_LE(lattice["pressure_GPa"]["value"].get<double>(), 7.2);
 }
 
-TEST_F(AnalyseTest, SimulatedSaltGivesThePressureItWasMadeWith) {
+TEST_P(BothEngines, SimulatedSaltGivesThePressureItWasMadeWith) {
   ASSERT_EQ(
       Analyse({"samples/nacl_5GPa.npd", "--crystal", "NACL", "--marker", "--judge", "0.16"}).status,
       0);
   EXPECT_NEAR(Lattice("nacl_5GPa")["pressure_GPa"]["value"].get<double>(), 5.0, 0.1);
 }
 
-TEST_F(AnalyseTest, OtherSeedsOfSaltGiveThePressureToo) {
+TEST_P(BothEngines, OtherSeedsOfSaltGiveThePressureToo) {
   for (const std::string seed : {"11", "12", "13"}) {
     Run({"simulate", "--crystal", "NACL", "--pressure", "5", "--counts", "100000", "--seed", seed,
          "--out", "s.npd", "--overwrite"});
-    Analyse({"s.npd", "--marker", "--judge", "0.16", "--overwrite"});
+    Analyse({"s.npd", "--marker", "--judge", "0.16"});
     EXPECT_NEAR(Lattice("s")["pressure_GPa"]["value"].get<double>(), 5.0, 0.1) << seed;
   }
 }
 
-TEST_F(AnalyseTest, ChosenLinesOfSaltGiveThePressureWithoutRejection) {
+TEST_P(BothEngines, ChosenLinesOfSaltGiveThePressureWithoutRejection) {
   ASSERT_EQ(Analyse({"samples/nacl_5GPa.npd", "--marker", "--judge", "0.15", "--reject", "0",
                      "--threshold", "5", "--use-lines", "2 0 0,2 2 0"})
                 .status,
@@ -84,9 +96,51 @@ TEST_F(AnalyseTest, ChosenLinesOfSaltGiveThePressureWithoutRejection) {
   EXPECT_NEAR(Lattice("nacl_5GPa")["pressure_GPa"]["value"].get<double>(), 5.0, 0.1);
 }
 
-TEST_F(AnalyseTest, GoldAtAmbientConditionsHasNoPressure) {
+TEST_P(BothEngines, GoldAtAmbientConditionsHasNoPressure) {
   ASSERT_EQ(Analyse({"samples/gold_ambient.npd", "--marker"}).status, 0);
   EXPECT_NEAR(Lattice("gold_ambient")["pressure_GPa"]["value"].get<double>(), 0.0, 0.05);
+}
+
+// The options of the scan.
+
+TEST_F(AnalyseTest, TheScanIsTheEngineWhereNoneIsNamed) {
+  const BatchRun unnamed = Analyse({"samples/gold_ambient.npd", "--format", "csv"});
+  const BatchRun named = Analyse({"samples/gold_ambient.npd", "--engine", "nax", "--bg-coefficient",
+                                  "1", "--peak-width", "20", "--format", "csv", "--overwrite"});
+  EXPECT_EQ(unnamed.out, named.out);
+  EXPECT_EQ(Lattice("gold_ambient")["engine"], "nax");
+}
+
+TEST_F(AnalyseTest, AHigherCoefficientFindsFewerPeaks) {
+  const auto peaks = [&](const char* coefficient) {
+    Analyse({"samples/corundum_ambient.npd", "--bg-coefficient", coefficient, "--overwrite"});
+    return Lattice("corundum_ambient")["peaks"].get<int>();
+  };
+  EXPECT_GT(peaks("1"), peaks("5"));
+  EXPECT_GT(peaks("5"), peaks("20"));
+}
+
+TEST_F(AnalyseTest, ACoefficientThatNothingPassesIsToldAndLeavesNoPeaks) {
+  const BatchRun run =
+      Analyse({"samples/gold_ambient.npd", "--bg-coefficient", "1e9", "--format", "json"});
+  EXPECT_THAT(json::parse(run.out)[0]["notes"].dump(), HasSubstr("NO PEAKS ARE FOUND"));
+  EXPECT_EQ(Lattice("gold_ambient")["peaks"], 0);
+}
+
+TEST_F(AnalyseTest, ThePeakWidthChangesTheGroups) {
+  const BatchRun narrow =
+      Analyse({"samples/corundum_ambient.npd", "--peak-width", "5", "--format", "csv"});
+  const BatchRun wide = Analyse(
+      {"samples/corundum_ambient.npd", "--peak-width", "60", "--format", "csv", "--overwrite"});
+  EXPECT_NE(narrow.out, wide.out);
+}
+
+TEST_F(AnalyseTest, ChannelsBeyondTheScanAreTold) {
+  Run({"simulate", "--crystal", "Si", "--channels", "8192", "--egc", "0,0.016,0", "--out",
+       "long.npd"});
+  EXPECT_THAT(Analyse({"long.npd"}).out, HasSubstr("channels above 4096 are not scanned"));
+  const BatchRun express = Analyse({"long.npd", "--engine", "express", "--overwrite"});
+  EXPECT_THAT(express.out, Not(HasSubstr("not scanned")));
 }
 
 TEST_F(AnalyseTest, CrystalComesFromTheSampleNameUpToItsBlank) {
@@ -255,17 +309,16 @@ TEST_F(AnalyseTest, LineThatTheCrystalDoesNotHaveIsAFailure) {
             "dorvane-batch: samples/gold_ambient.npd: Au has no line 1 0 0 in the library\n");
 }
 
-TEST_F(AnalyseTest, RangeLimitsThePeaks) {
+TEST_P(BothEngines, RangeLimitsThePeaks) {
   Analyse({"samples/corundum_ambient.npd", "--range", "600:900", "--quiet"});
   const std::string csv = folder.Get("corundum_ambient_peaks.csv");
   EXPECT_THAT(csv,
               AllOf(HasSubstr("\n659.8"), Not(HasSubstr("\n483.8")), Not(HasSubstr("\n1050.8"))));
 }
 
-TEST_F(AnalyseTest, EveryCurveCanBeFitted) {
+TEST_P(BothEngines, EveryCurveCanBeFitted) {
   for (const char* curve : {"raw", "smooth", "removed"}) {
-    EXPECT_EQ(Analyse({"samples/corundum_ambient.npd", "--fit-on", curve, "--overwrite",
-                       "--background", "30,10"})
+    EXPECT_EQ(Analyse({"samples/corundum_ambient.npd", "--fit-on", curve, "--background", "30,10"})
                   .status,
               0);
     EXPECT_NEAR(Lattice("corundum_ambient")["cell"]["a"]["value"].get<double>(), 4.760, 0.002)
@@ -277,7 +330,8 @@ TEST_F(AnalyseTest, EveryCurveCanBeFitted) {
 TEST_F(AnalyseTest, PeakOnWhichTheEngineFaultsIsLeftOut) {
   Run({"simulate", "--crystal", "MgO", "--pressure", "10", "--counts", "30000", "--seed", "5",
        "--out", "s.npd"});
-  const BatchRun run = Analyse({"s.npd", "--fit-on", "raw", "--marker", "--judge", "0.2"});
+  const BatchRun run =
+      Analyse({"s.npd", "--engine", "express", "--fit-on", "raw", "--marker", "--judge", "0.2"});
   EXPECT_EQ(run.status, 0);
   EXPECT_THAT(run.out, HasSubstr("can't be fitted and is left out: Overflow"));
   EXPECT_NEAR(Lattice("s")["pressure_GPa"]["value"].get<double>(), 10, 0.1);
@@ -397,6 +451,10 @@ TEST_F(AnalyseTest, BadUsageHasStatusTwoAndDoesNothing) {
            {"analyse", "samples/gold_ambient.npd", "--background", "20"},
            {"analyse", "samples/gold_ambient.npd", "--fit-on", "fit"},
            {"analyse", "samples/gold_ambient.npd", "--engine", "steam"},
+           {"analyse", "samples/gold_ambient.npd", "--bg-coefficient", "-1"},
+           {"analyse", "samples/gold_ambient.npd", "--bg-coefficient", "high"},
+           {"analyse", "samples/gold_ambient.npd", "--peak-width", "0"},
+           {"analyse", "samples/gold_ambient.npd", "--peak-width", "251"},
            {"analyse", "samples/gold_ambient.npd", "--picture", "gif"},
            {"analyse", "samples/gold_ambient.npd", "--format", "xml"},
            {"analyse", "samples/gold_ambient.npd", "--no-such-option"},
