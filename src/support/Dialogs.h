@@ -27,7 +27,8 @@ struct FileRequest {
   std::string file_name;
   std::string filter;
   bool several = false;
-  int filter_index = 1;  // entry selected at first, from 1; 0 or out of range: the first
+  int filter_index = 1;           // entry selected at first, from 1; 0 or out of range: the first
+  bool overwrite_prompt = false;  // the save dialog asks before it takes a file that exists
 };
 
 // What was chosen in the file dialog.

@@ -14,12 +14,9 @@ using testing::IsEmpty;
 const char kShortBanner[] = "************Caluclate Puressure   **************************";
 const char kLongBanner[] = "************Caluclate Puressure   *****************************";
 
-std::vector<LogRecord> Written(const std::string& name, const std::string& pressure = "1.5+-0.1",
-                               std::int16_t unit_index = 0) {
-  std::vector<LogRecord> records;
-  WritePressureLog(name, pressure, "27.0", unit_index,
-                   [&](const LogRecord& record) { records.push_back(record); });
-  return records;
+LogRecords Written(const std::string& name, const std::string& pressure = "1.5+-0.1",
+                   std::int16_t unit_index = 0) {
+  return WritePressureLog(name, pressure, "27.0", unit_index);
 }
 
 TEST(PressureLog, WritesBannerHeadingResultAndAnEmptyRecord) {
