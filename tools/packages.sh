@@ -5,7 +5,7 @@
 BUILD_PACKAGES=(
   g++ cmake ninja-build ccache
   qt6-base-dev qt6-svg-dev qt6-wayland libqt6opengl6-dev
-  libcli11-dev nlohmann-json3-dev
+  libcli11-dev nlohmann-json3-dev libsqlite3-dev sqlite3
   fontconfig fonts-open-sans fonts-dejavu-core fonts-ipafont-gothic
 )
 

@@ -5,6 +5,7 @@
 
 #include "files/FilePara.h"
 #include "files/SplitPath.h"
+#include "support/ElementStore.h"
 
 namespace dorvane {
 namespace {
@@ -14,7 +15,7 @@ constexpr const char* kUserFolder = "dorvane/";
 constexpr const char* kUserData = "\\UserData\\";
 
 constexpr std::array kProgramFiles{kCrystalFileName, kParaFileName, kIniFileName};
-constexpr std::array kShippedFiles{kCrystalFileName};
+constexpr std::array kShippedFiles{kCrystalFileName, kElementFileName};
 
 bool HoldsFile(FileLayer& files, const std::string& path) {
   try {

@@ -15,11 +15,9 @@ std::string Folder(const QString& path) {
   return dorvane::ToUtf8(path) + "/";
 }
 
-// The files that ship with the program stand beside it where it is installed, else in the source's
-// data folder.
+// The files that ship with the program stand beside it.
 std::string ShippedFolder() {
-  const QString beside = QCoreApplication::applicationDirPath();
-  return QFile::exists(beside + "/crystal.dat") ? Folder(beside) : DORVANE_DATA_DIR;
+  return Folder(QCoreApplication::applicationDirPath());
 }
 
 }  // namespace

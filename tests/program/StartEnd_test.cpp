@@ -280,10 +280,17 @@ TEST_F(ProgramDirectoryTest, DirectoryThatCannotBeLookedAtHoldsNone) {
   EXPECT_EQ(Directory(failing), "/home/user/.local/share/dorvane/");
 }
 
-TEST_F(ProgramDirectoryTest, FirstStartCopiesTheCrystalLibrary) {
+TEST_F(ProgramDirectoryTest, FirstStartCopiesTheCrystalLibraryAndTheElementTable) {
   shipped_.Put("crystal.dat", "library");
+  shipped_.Put("Atomic.db", "table");
   Seed(files_);
   EXPECT_EQ(current_.Get("crystal.dat"), "library");
+  EXPECT_EQ(current_.Get("Atomic.db"), "table");
+}
+
+TEST_F(ProgramDirectoryTest, TheElementTableAloneMakesNoProgramDirectory) {
+  current_.Put("Atomic.db", "");
+  EXPECT_EQ(Directory(files_), "/home/user/.local/share/dorvane/");
 }
 
 TEST_F(ProgramDirectoryTest, LibraryOfTheUserStays) {
@@ -294,15 +301,19 @@ TEST_F(ProgramDirectoryTest, LibraryOfTheUserStays) {
 }
 
 TEST_F(ProgramDirectoryTest, FailedSeedLeavesNoFileAndIsMadeUpForAtTheNextStart) {
-  shipped_.Put("crystal.dat", "library");
-  bool hit = true;
-  for (int n = 1; hit; ++n) {
-    FailingFileLayer failing(files_, n);
-    Seed(failing);
-    hit = failing.Hit();
-    EXPECT_EQ(current_.Has("crystal.dat"), !hit);
+  for (const std::string name : {"crystal.dat", "Atomic.db"}) {
+    shipped_.Put(name, "content");
+    bool hit = true;
+    for (int n = 1; hit; ++n) {
+      FailingFileLayer failing(files_, n);
+      Seed(failing);
+      hit = failing.Hit();
+      const bool there = current_.Has(name);
+      EXPECT_TRUE(there || hit) << n;
+      EXPECT_EQ(there ? current_.Get(name) : "content", "content") << n;
+    }
+    EXPECT_TRUE(current_.Has(name));
   }
-  EXPECT_EQ(current_.Get("crystal.dat"), "library");
 }
 
 TEST_F(ProgramDirectoryTest, LibraryThatDoesNotShipIsNotSeeded) {

@@ -72,7 +72,7 @@ class WindowTest : public testing::Test {
   // Also again, after the program has ended.
   void Start() {
     session = std::make_unique<Session>(
-        Places{folder.Path(""), folder.Path("home/"), DORVANE_SOURCE_DIR "/data/"}, settings);
+        Places{folder.Path(""), folder.Path("home/"), DORVANE_BINARY_DIR "/bin/"}, settings);
     const BoxAnswerer boxes;
     session->Start();
     start_boxes = boxes.Texts();
