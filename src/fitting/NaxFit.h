@@ -72,7 +72,8 @@ struct PeakValue {
 PeakValue PeakModel(double A, double Q, double W, double x);
 
 // Makes the region that a list tells out of the counts of a spectrum, whose first is channel 1 and
-// of which 4096 are looked at. Returns 0; -1 for a position outside of StartCh..EndCh.
+// of which 4096 are looked at; the region refers to them. Returns 0; -1 for a position outside of
+// StartCh..EndCh.
 //
 // A region of more than 500 channels or one outside of the spectrum counts as well made and has no
 // counts. A negative number in the list ends the start values, so that those behind it are 0.

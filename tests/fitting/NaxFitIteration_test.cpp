@@ -252,7 +252,8 @@ TEST_F(DampedLsqTest, ASingularStepEndsWithoutResults) {
 }
 
 TEST_F(DampedLsqTest, AWidthOfZeroIsAFault) {
-  COND(SawToothSpectrum(100, 0, 3, {}), ListOf(100, 139, {120}, {-1}), region);
+  const auto counts = SawToothSpectrum(100, 0, 3, {});
+  COND(counts, ListOf(100, 139, {120}, {-1}), region);
   EXPECT_THROW(DampedLsq(region, limits, log, progress), Fault);
 }
 

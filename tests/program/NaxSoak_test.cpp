@@ -84,7 +84,8 @@ std::vector<std::int32_t> PeaksAndNoise(Dice& dice, int channels, const ManualFi
   }
   std::vector<std::int32_t> counts;
   for (const double mean : means) {
-    counts.push_back(noisy ? dice.Poisson(mean) : static_cast<std::int32_t>(mean));
+    const double height = std::min<double>(mean, kGreatest);
+    counts.push_back(noisy ? dice.Poisson(height) : static_cast<std::int32_t>(height));
   }
   return counts;
 }
