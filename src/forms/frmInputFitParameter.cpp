@@ -11,13 +11,11 @@
 namespace dorvane {
 namespace {
 
-// Areas and borders of all peaks; settling the borders takes the marks of neighbours away.
+// Areas and borders of all peaks.
 void SettlePeaks(const GraphList& list, int win_no, int grp_no, int data_no) {
   const PeakTable& table = list.workspace.Peaks[data_no];
   for (int i = 0; i < table.Count; ++i) PeakAreaCalc(list.workspace, data_no, i);
-  PeakFixBorders(list, win_no, grp_no, 0, table.Count - 1);
-  if (table.Count < 2) return;
-  for (int i = 0; i < table.Count; ++i) list.listener.PeakMarked(win_no, data_no, table.Peaks[i]);
+  PeakFixMarkedBorders(list, win_no, grp_no, 0, table.Count - 1);
 }
 
 void AddPeak(Program& program, const PeakRec& peak) {
