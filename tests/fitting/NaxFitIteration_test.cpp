@@ -294,6 +294,14 @@ TEST_F(DampedLsqTest, ResultsAreThereAfterTheFirstFailureOfTheDamping) {
   EXPECT_THAT(log.lines, ElementsAre(kOver));
 }
 
+// With the limit as it is, thirty iterations are not enough; the other number comes from the
+// independent computation, too.
+TEST_F(DampedLsqTest, StepsAreMeasuredByTheErrorsOfTheirParameters) {
+  limits.TolDist = 1e9;
+  const auto counts = SawToothSpectrum(10, 0, 30, {{111.3, 20, 8}});
+  EXPECT_EQ(Fit(counts, ListOf(100, 159, {111}, {30})).iterations, 6);
+}
+
 TEST_F(DampedLsqTest, TheSameRegionGivesTheSameBits) {
   const auto counts = SawToothSpectrum(200, .25, 10, {{120.3, 2000, 4.5}});
   const NaxFitSummary first = Fit(counts, ListOf(100, 179, {119}, {1800}));

@@ -250,7 +250,16 @@ TEST_F(FitResultTest, PeaksAreSortedByPosition) {
 
 TEST_F(FitResultTest, PositionsFromFiveThousandOnAreNeverTheNextAsMeant) {
   EXPECT_THAT(PositionsOf({6000, 5000, 8}), ElementsAre(1008, 6000, 7000));
-  EXPECT_THAT(PositionsOf({6000, 5000}), ElementsAre(7000, 6000));
+  EXPECT_THAT(PositionsOf({4001, 4000}), ElementsAre(5001, 5000));
+}
+
+TEST_F(FitResultTest, PeaksAtOnePositionKeepTheirOrder) {
+  region.P[1] = 10;
+  region.P[4] = 20;
+  PositionsOf({3, 3});
+  const std::vector<NaxPeak> peaks = FitResult(region, {});
+  EXPECT_EQ(peaks[0].height, 10);
+  EXPECT_EQ(peaks[1].height, 20);
 }
 
 TEST_F(FitResultTest, WidthsAreFullWidthsAndErrorsGoWithTheirPeak) {
