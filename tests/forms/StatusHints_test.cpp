@@ -37,6 +37,15 @@ TEST_F(StatusHints, CutPeaksAreExplainedWhateverTheirNumber) {
             "Peaks whose fit was not accepted have been removed");
 }
 
+TEST_F(StatusHints, AFailedWholeFitAndAnEmptyScanTellWhichWayToTurnTheCoefficient) {
+  EXPECT_EQ(
+      HintFor("Fitting was failed. Please change fit parameters(Change BG Coefficient to 5.0) "
+              "and retry",
+              *workspace),
+      "A higher \"BG Coefficient\" takes more of the noise for background");
+  EXPECT_EQ(HintFor("NO PEAKS ARE FOUND", *workspace).substr(0, 24), "A lower \"BG Coefficient\"");
+}
+
 TEST_F(StatusHints, FullListOfGoodReadsAsksToCloseAGraph) {
   for (int row = 0; row < kRows; ++row) Show(row, "a.npd");
   EXPECT_EQ(HintFor("GetGraphSpace: Notting Space!", *workspace),

@@ -143,6 +143,15 @@ TEST_F(AutoFitTest, WhatTheUserStopsIsNotTold) {
   EXPECT_EQ(Table().Count, 0);
 }
 
+TEST_F(AutoFitTest, AScanThatTheUserStopsEndsWithItsOwnBoxAlone) {
+  ShowLines();
+  progress.cancel_after = 0;
+  dialogs.ExpectMessage("Failed to fit");
+  AutoFit(program);
+  EXPECT_THAT(Titles(), ElementsAre("BackRemv", "BackGraund", "Smooth", "a.npd"));
+  EXPECT_FALSE(Waits(view.Pointer));
+}
+
 TEST_F(AutoFitTest, TheButtonWorksOnASingleGraphAlone) {
   UseExpress();
   ShowLines("a.npd");

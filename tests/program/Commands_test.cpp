@@ -32,7 +32,8 @@ TEST_F(CommandsTest, KeyAndMenuEntryRunTheSameOperation) {
        {Pair{"LoadData", "mnuLoad"}, Pair{"SaveData", "mnuSave"}, Pair{"Smooth", "mnuSmooth"},
         Pair{"BackGround", "mnuBackGround"}, Pair{"MkIns", "mnuPeakIns"}, Pair{"Fit", "mnuFitting"},
         Pair{"MkDel", "mnuPeakDelete"}, Pair{"JmpLeft", "mnuPeakJumpB"},
-        Pair{"JmpRight", "mnuPeakJumpN"}, Pair{"All", "mnuPeakAllIns"}}) {
+        Pair{"JmpRight", "mnuPeakJumpN"}, Pair{"All", "mnuPeakAllIns"},
+        Pair{"AutoFit", "mnuAutoFit"}, Pair{"Split", "mnuPeakSep"}}) {
     ASSERT_NE(FindCommand(pair.key), nullptr) << pair.key;
     EXPECT_EQ(FindCommand(pair.key), FindCommand(pair.menu)) << pair.key;
   }
