@@ -63,12 +63,12 @@ LogRecords LogResult(std::int16_t lattice_type, const ResultBoxes& boxes, double
 // What the summary file tells.
 struct SummaryInput {
   const SpectrumRec& spectrum;
-  std::span<const PeakRow> peaks;
-  std::span<const MatchedRow> rows;
-  SeedRecord sample;
-  ResultBoxes boxes;
-  std::string pressure_text;
-  std::string temp_text;
+  std::span<const PeakRow> peaks = {};
+  std::span<const MatchedRow> rows = {};
+  SeedRecord sample = {};
+  ResultBoxes boxes = {};
+  std::string pressure_text = {};
+  std::string temp_text = {};
   std::int16_t unit_index = 0;  // 0 degrees Celsius, else kelvin
 };
 
