@@ -11,8 +11,6 @@
 namespace dorvane {
 namespace {
 
-constexpr int kWheelStep = 120;  // eighths of a degree
-
 // The pointer of a number: 2 cross, 5, 7 and 9 arrows of sizing, 11 and 13 hourglass; else the
 // plain arrow.
 Qt::CursorShape ShapeOf(int pointer) {
@@ -116,11 +114,11 @@ void PictureView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void PictureView::wheelEvent(QWheelEvent* event) {
-  const QPoint turn = event->angleDelta();
-  wheel_rest_ += turn.y() != 0 ? turn.y() : turn.x();
-  const int steps = wheel_rest_ / kWheelStep;
-  wheel_rest_ -= steps * kWheelStep;
-  if (steps != 0) control_.Wheel.Fire(At(*event, event->buttons()), steps);
+  const int steps = steps_.Turn(event->angleDelta());
+  if (steps == 0) return;
+  MouseAt at = At(*event, event->buttons());
+  at.shift = at.shift || steps_.Sideways();
+  control_.Wheel.Fire(at, steps);
 }
 
 }  // namespace dorvane

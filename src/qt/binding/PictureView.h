@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "forms/PictureBox.h"
+#include "qt/binding/WheelSteps.h"
 
 class QSinglePointEvent;
 
@@ -43,8 +44,8 @@ class PictureView : public QWidget {
   Paint picture_;
   Paint overlay_;
   bool opaque_ = false;
-  QImage cache_;       // null: to be painted anew
-  int wheel_rest_ = 0;  // of a step, in eighths of a degree
+  QImage cache_;  // null: to be painted anew
+  WheelSteps steps_;
 };
 
 }  // namespace dorvane

@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <algorithm>
+#include <cstdlib>
 
 #include "qt/binding/Mirror.h"
 #include "qt/binding/Text.h"
@@ -138,7 +139,8 @@ void UpDownView::keyPressEvent(QKeyEvent* event) {
 }
 
 void UpDownView::wheelEvent(QWheelEvent* event) {
-  if (event->angleDelta().y() != 0) Press(event->angleDelta().y() > 0);
+  const int steps = steps_.Turn(event->angleDelta());
+  for (int i = 0; i < std::abs(steps); ++i) Press(steps > 0);
 }
 
 void UpDownView::paintEvent(QPaintEvent*) {

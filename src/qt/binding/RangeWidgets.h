@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include "forms/Controls.h"
+#include "qt/binding/WheelSteps.h"
 
 namespace dorvane {
 
@@ -30,6 +31,7 @@ class UpDownView : public QWidget {
  private:
   void Press(bool up);
   UpDown& control_;
+  WheelSteps steps_;
 };
 
 // A divider between two widgets, one above the other, that a view adds: a grip that can be seen.

@@ -16,8 +16,9 @@ class PictureViewTest : public BindingTest {
     view->setFixedSize(200, 100);
     QTest::qWait(1);
   }
-  void Turn(int angle, Qt::KeyboardModifiers keys = {}) {
-    QWheelEvent event({50, 25}, view->mapToGlobal(QPointF(50, 25)), {}, {0, angle}, {}, keys,
+  void Turn(int angle) { Turn(QPoint(0, angle)); }
+  void Turn(QPoint angle) {
+    QWheelEvent event({50, 25}, view->mapToGlobal(QPointF(50, 25)), {}, angle, {}, {},
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(view, &event);
   }
@@ -64,6 +65,29 @@ TEST_F(PictureViewTest, WheelCountsWholeStepsAwayFromTheUser) {
   Turn(-60);
   Turn(-60);
   EXPECT_EQ(steps, (std::vector<int>{2, -1}));
+}
+
+TEST_F(PictureViewTest, TurnOfATouchpadAddsUpToSteps) {
+  std::vector<int> steps;
+  form.picGraph.Wheel.Connect([&steps](const MouseAt&, int each) { steps.push_back(each); });
+  for (int i = 0; i < 20; ++i) Turn(12);
+  EXPECT_EQ(steps, (std::vector<int>{1, 1}));
+}
+
+TEST_F(PictureViewTest, RestOfATurnIsGoneWhenTheDirectionChanges) {
+  const auto turns = Count(form.picGraph.Wheel);
+  Turn(110);
+  Turn(-20);
+  Turn(20);
+  EXPECT_EQ(*turns, 0);
+}
+
+TEST_F(PictureViewTest, TurnToTheSideIsATurnWithShift) {
+  std::vector<bool> shifts;
+  form.picGraph.Wheel.Connect([&shifts](const MouseAt& at, int) { shifts.push_back(at.shift); });
+  Turn({-120, 20});
+  Turn({20, -120});
+  EXPECT_EQ(shifts, (std::vector<bool>{true, false}));
 }
 
 TEST_F(PictureViewTest, PictureThatIsOffTakesNothing) {

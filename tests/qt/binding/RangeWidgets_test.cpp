@@ -3,6 +3,7 @@
 #include <QScrollBar>
 #include <QSlider>
 #include <QToolButton>
+#include <QWheelEvent>
 
 #include "BindingTest.h"
 
@@ -73,6 +74,17 @@ TEST_F(RangeWidgets, ArrowsArePressedByMouseKeysAndWheel) {
   EXPECT_EQ(*ups, 2);
   EXPECT_EQ(*downs, 2);
   EXPECT_EQ(form.spnCursor.Value(), 0);
+}
+
+TEST_F(RangeWidgets, ArrowsAreTurnedByWholeStepsOfTheWheel) {
+  const auto ups = Count(form.spnCursor.UpClick);
+  const QPointF at(5, 5);
+  for (int i = 0; i < 8; ++i) {
+    QWheelEvent turn(at, Of(form.spnCursor)->mapToGlobal(at), {}, {0, 30}, {}, {},
+                     Qt::NoScrollPhase, false);
+    QApplication::sendEvent(Of(form.spnCursor), &turn);
+  }
+  EXPECT_EQ(*ups, 2);
 }
 
 TEST_F(RangeWidgets, DividerFollowsItsShareAtEverySize) {
