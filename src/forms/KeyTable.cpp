@@ -48,7 +48,7 @@ constexpr std::array kKeys{
     KeyRow{PadDecimal, None, "Key pad .", "Log scale on and off", ToggleLog},
 };
 
-enum class KeyUse { Nothing, Arrows, ArrowsAndSigns };
+enum class KeyUse { Nothing, UpAndDown, Arrows, ArrowsAndSigns };
 
 // What each kind of control does with keys.
 class KeyUseOf : public ControlVisitor {
@@ -60,9 +60,10 @@ class KeyUseOf : public ControlVisitor {
   void Visit(Frame&) override {}
   void Visit(Label&) override {}
   void Visit(PictureBox&) override {}
-  void Visit(Splitter&) override {}
   void Visit(Timer&) override {}
   void Visit(ToolBar&) override {}
+  void Visit(Splitter&) override { use = KeyUse::UpAndDown; }
+  void Visit(UpDown&) override { use = KeyUse::UpAndDown; }
   void Visit(ComboBox&) override { use = KeyUse::Arrows; }
   void Visit(Grid&) override { use = KeyUse::Arrows; }
   void Visit(ListBox&) override { use = KeyUse::Arrows; }
@@ -72,7 +73,6 @@ class KeyUseOf : public ControlVisitor {
   void Visit(Slider&) override { use = KeyUse::Arrows; }
   void Visit(Tabs&) override { use = KeyUse::Arrows; }
   void Visit(ToggleButton&) override { use = KeyUse::Arrows; }
-  void Visit(UpDown&) override { use = KeyUse::Arrows; }
   void Visit(NumberBox&) override { use = KeyUse::ArrowsAndSigns; }
   void Visit(TextBox&) override { use = KeyUse::ArrowsAndSigns; }
 };
@@ -94,8 +94,16 @@ bool UsesKeyItself(Control* focused, FormKey key, KeyModifier modifier) {
   if (focused == nullptr || modifier == Alt) return false;
   KeyUseOf kind;
   focused->Accept(kind);
-  const bool arrow = key == Left || key == Right || key == Up || key == Down;
-  return arrow ? kind.use != KeyUse::Nothing : kind.use == KeyUse::ArrowsAndSigns;
+  switch (key) {
+    case Up:
+    case Down:
+      return kind.use != KeyUse::Nothing;
+    case Left:
+    case Right:
+      return kind.use == KeyUse::Arrows || kind.use == KeyUse::ArrowsAndSigns;
+    default:
+      return kind.use == KeyUse::ArrowsAndSigns;
+  }
 }
 
 }  // namespace dorvane

@@ -237,12 +237,20 @@ TEST_F(CursorPanelTest, KeyPadChangesSpanAndScale) {
 TEST_F(CursorPanelTest, ArrowsStayWithTheControlsThatUseThem) {
   for (Control* focused : std::initializer_list<Control*>{
            &cursor.inumCursorCh, &form.scale.itxtScaleY, &form.selector.cboGrphSel[0],
-           &form.scale.hsbStartX, &cursor.updCursorX, &form.calibration.optEGC,
-           form.Controls().Find("mnuFile")}) {
+           &form.scale.hsbStartX, &form.calibration.optEGC, form.Controls().Find("mnuFile")}) {
     EXPECT_FALSE(form.Form_KeyDown(FormKey::Right, KeyModifier::None, focused)) << focused->Name();
     EXPECT_FALSE(form.Form_KeyDown(FormKey::Up, KeyModifier::None, focused)) << focused->Name();
   }
   EXPECT_EQ(view.CursorCh, 0);
+}
+
+TEST_F(CursorPanelTest, ArrowsToTheSideMoveTheCursorOnItsUpDownButtonAndTheDivider) {
+  for (Control* focused :
+       std::initializer_list<Control*>{&cursor.updCursorX, &form.style.fraWinHeight}) {
+    EXPECT_TRUE(form.Form_KeyDown(FormKey::Right, KeyModifier::None, focused)) << focused->Name();
+    EXPECT_FALSE(form.Form_KeyDown(FormKey::Up, KeyModifier::None, focused)) << focused->Name();
+  }
+  EXPECT_EQ(view.CursorCh, 2);
 }
 
 TEST_F(CursorPanelTest, ArrowsBelongToTheFormWhereTheControlHasNoUseForThem) {

@@ -65,12 +65,15 @@ QToolButton* Arrow(const UpDown& control, const char* end, Qt::ArrowType arrow, 
 
 constexpr int kHandleHeight = 8;
 constexpr int kGripWidth = 48;
+constexpr int kKeyStep = 16;  // pixels, for one press of an arrow key
 
 class GripHandle : public QSplitterHandle {
  public:
   GripHandle(Splitter& control, QSplitter* splitter)
       : QSplitterHandle(Qt::Vertical, splitter), control_(control) {
     setToolTip(ToQString(control.Tip()));
+    setAccessibleName(toolTip());
+    setFocusPolicy(Qt::TabFocus);
   }
 
  protected:
@@ -78,13 +81,31 @@ class GripHandle : public QSplitterHandle {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    QColor grip = palette().color(underMouse() ? QPalette::Highlight : QPalette::WindowText);
-    if (!underMouse()) grip.setAlphaF(0.35F);
+    const bool lit = underMouse() || hasFocus();
+    QColor grip = palette().color(lit ? QPalette::Highlight : QPalette::WindowText);
+    if (!lit) grip.setAlphaF(0.35F);
     painter.setBrush(grip);
     painter.drawRoundedRect(QRectF((width() - kGripWidth) / 2.0, height() / 2.0 - 2, kGripWidth, 4),
                             2, 2);
   }
   void mouseDoubleClickEvent(QMouseEvent*) override { control_.DoubleClick(); }
+  void keyPressEvent(QKeyEvent* event) override {
+    switch (event->key()) {
+      case Qt::Key_Up:
+        moveSplitter(y() - kKeyStep);
+        break;
+      case Qt::Key_Down:
+        moveSplitter(y() + kKeyStep);
+        break;
+      case Qt::Key_Space:
+        control_.DoubleClick();
+        break;
+      default:
+        QSplitterHandle::keyPressEvent(event);
+    }
+  }
+  void focusInEvent(QFocusEvent*) override { update(); }
+  void focusOutEvent(QFocusEvent*) override { update(); }
   void enterEvent(QEnterEvent*) override { update(); }
   void leaveEvent(QEvent*) override { update(); }
 

@@ -35,7 +35,8 @@ class UpDownView : public QWidget {
 };
 
 // A divider between two widgets, one above the other, that a view adds: a grip that can be seen.
-// The share stays when the size changes; the lower widget can be closed, the upper one can't.
+// With the focus, Up and Down move it and the space bar is its double click. The share stays when
+// the size changes; the lower widget can be closed, the upper one can't.
 class SplitterView : public QSplitter {
   Q_OBJECT
 

@@ -100,6 +100,20 @@ TEST_F(RangeWidgets, DividerFollowsItsShareAtEverySize) {
   EXPECT_NEAR(share(), 0.7, 0.01);
 }
 
+TEST_F(RangeWidgets, DividerIsMovedAndPressedByKeys) {
+  auto* handle = Find<QSplitter>("fraWinHeight")->handle(1);
+  const auto doubles = Count(form.fraWinHeight.DblClick);
+  handle->setFocus();
+  ASSERT_TRUE(handle->hasFocus());
+  QTest::keyClick(handle, Qt::Key_Up);
+  const double upper = form.fraWinHeight.Share();
+  EXPECT_LT(upper, 0.5);
+  QTest::keyClick(handle, Qt::Key_Down);
+  EXPECT_GT(form.fraWinHeight.Share(), upper);
+  QTest::keyClick(handle, Qt::Key_Space);
+  EXPECT_EQ(*doubles, 1);
+}
+
 TEST_F(RangeWidgets, DividerIsDraggedByTheUser) {
   auto* handle = Find<QSplitter>("fraWinHeight")->handle(1);
   const QPoint centre = handle->rect().center();
