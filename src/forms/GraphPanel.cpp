@@ -112,7 +112,9 @@ void GraphPanel::picGraph_MouseDown(int win_no, const MouseAt& at) {
   });
 }
 
+// A release that came while a box was open has not been told.
 void GraphPanel::picGraph_MouseMove(int win_no, const MouseAt& at) {
+  if (drag_ && at.button != MouseButton::Left) EndDrag();
   const double channel = ChannelAt(win_no, at.x);
   if (!drag_) {
     switch (TargetAt(work_.program, win_no, channel, Reach(win_no))) {
@@ -135,7 +137,10 @@ void GraphPanel::picGraph_MouseMove(int win_no, const MouseAt& at) {
 }
 
 void GraphPanel::picGraph_MouseUp(const MouseAt& at) {
-  if (at.button != MouseButton::Left || !drag_) return;
+  if (at.button == MouseButton::Left && drag_) EndDrag();
+}
+
+void GraphPanel::EndDrag() {
   drag_.reset();
   timCursor.SetEnabled(false);
   work_.Done.Fire();

@@ -63,6 +63,7 @@ class GraphPanel {
   void picGraph_MouseDown(int win_no, const MouseAt& at);
   void picGraph_MouseMove(int win_no, const MouseAt& at);
   void picGraph_MouseUp(const MouseAt& at);
+  void EndDrag();
   void picGraph_Wheel(int win_no, const MouseAt& at, int steps);
   void timCursor_Timer();
   double ChannelAt(int win_no, double x) const;

@@ -46,6 +46,16 @@ TEST_F(GraphPanelTest, AfterTheReleaseTheCursorStays) {
   EXPECT_EQ(view.CursorCh, 1000);
 }
 
+TEST_F(GraphPanelTest, ALostReleaseEndsTheDragAtTheNextMove) {
+  MouseDown(0, At(1000));
+  MouseMove(0, 1.2);
+  ASSERT_TRUE(form.graphs.timCursor.Enabled());
+  const int channel = view.CursorCh;
+  MouseMove(0, At(1200), MouseButton::None);
+  EXPECT_EQ(view.CursorCh, channel);
+  EXPECT_FALSE(form.graphs.timCursor.Enabled());
+}
+
 TEST_F(GraphPanelTest, OnlyTheLeftButtonSetsTheCursor) {
   form.graphs.picGraph[0].MouseDown.Fire({0.5, 0.5, MouseButton::Right, false});
   EXPECT_EQ(view.CursorCh, 0);
