@@ -13,6 +13,7 @@ namespace {
 
 constexpr char kLogOpenError[] = "LatticeFit Temp File Open Error";
 constexpr char kResultName[] = "Result.csv";
+constexpr char kResultCaption[] = "Save Result";
 constexpr char kResultFilter[] = "Result File (*.csv)|*.csv";
 constexpr char kSummaryName[] = "LatticeFit.csv";
 constexpr char kResultDirectory[] = "ResultDirectory";
@@ -75,6 +76,7 @@ void LatticeLogFile::SaveResultFile(const Workspace& workspace) {
   request.file_name = ProposedResultName(workspace);
   request.filter = kResultFilter;
   request.overwrite_prompt = true;
+  request.caption = kResultCaption;
   const auto choice = dialogs_.ChooseFileToSave(request);
   if (!choice) return;
   try {

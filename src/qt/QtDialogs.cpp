@@ -111,12 +111,16 @@ std::optional<FilesChoice> QtDialogs::ChooseFilesToOpen(const FileRequest& reque
 }
 
 std::optional<FileChoice> QtDialogs::ChooseFileToSave(const FileRequest& request) {
-  QFileDialog dialog(parent_, "Save Graph", directory_);
+  QFileDialog dialog(parent_, request.caption.empty() ? "Save Graph" : ToQString(request.caption),
+                     directory_);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
-  dialog.setOption(QFileDialog::DontConfirmOverwrite);  // the writers ask themselves
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.overwrite_prompt);
   SelectFilter(dialog, request);
+  if (request.overwrite_prompt) {  // it asks about the name with its extension
+    dialog.setDefaultSuffix(QFileInfo(WithExtension("a", dialog.nameFilters()[0])).suffix());
+  }
   dialog.resize(kFileDialogSize);
   ShowWholeColumns(dialog);
   dialog.selectFile(ToQString(request.file_name));

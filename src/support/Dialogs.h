@@ -29,6 +29,7 @@ struct FileRequest {
   bool several = false;
   int filter_index = 1;           // entry selected at first, from 1; 0 or out of range: the first
   bool overwrite_prompt = false;  // the save dialog asks before it takes a file that exists
+  std::string caption = {};       // of the dialog; empty: that of the spectra's
 };
 
 // What was chosen in the file dialog.

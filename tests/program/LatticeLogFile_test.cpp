@@ -208,6 +208,7 @@ TEST_F(LatticeLogFileTest, TheResultDialogAsksBeforeItReplaces) {
   log.SaveResultFile(*workspace);
   EXPECT_EQ(dialogs.LastRequest().file_name, "abc_Result.csv");
   EXPECT_EQ(dialogs.LastRequest().filter, "Result File (*.csv)|*.csv");
+  EXPECT_EQ(dialogs.LastRequest().caption, "Save Result");
   EXPECT_TRUE(dialogs.LastRequest().overwrite_prompt);
 }
 

@@ -11,6 +11,7 @@
 
 #include "WindowTest.h"
 #include "program/OpenSave.h"
+#include "support/TemporaryFolder.h"
 
 namespace dorvane {
 namespace {
@@ -173,6 +174,64 @@ TEST_F(FileDialogFilterTest, TheChosenFilterOfASaveIsAnsweredAndGivesItsExtensio
   ASSERT_TRUE(choice.has_value());
   EXPECT_EQ(choice->filter_index, 4);
   EXPECT_TRUE(choice->path.ends_with("/dorvane_no_such_file.csv")) << choice->path;
+}
+
+class OverwritePromptTest : public testing::Test {
+ protected:
+  // Types a name without its extension and accepts; a question is answered, and the dialog then
+  // closed if it is still open.
+  std::optional<FileChoice> Save(bool overwrite_prompt, QMessageBox::StandardButton answer) {
+    QTimer::singleShot(100, [&, answer] {
+      auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      caption = dialog->windowTitle();
+      dialog->findChild<QLineEdit*>("fileNameEdit")->setText("kept");
+      QTimer::singleShot(100, [&, answer, dialog] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+          asked = true;
+          box->button(answer)->click();
+        }
+        if (answer == QMessageBox::No) QTimer::singleShot(0, dialog, &QDialog::reject);
+      });
+      QMetaObject::invokeMethod(dialog, "accept");
+    });
+    dialogs.SetDirectory(QString::fromStdString(folder.Path("")));
+    FileRequest request;
+    request.filter = "Result File (*.csv)|*.csv";
+    request.overwrite_prompt = overwrite_prompt;
+    request.caption = "Save Result";
+    return dialogs.ChooseFileToSave(request);
+  }
+
+  TemporaryFolder folder;
+  QtDialogs dialogs;
+  QString caption;
+  bool asked = false;
+};
+
+TEST_F(OverwritePromptTest, AFileThatExistsIsAskedForByItsWholeName) {
+  folder.Put("kept.csv", "old");
+  const auto choice = Save(true, QMessageBox::Yes);
+  EXPECT_TRUE(asked);
+  EXPECT_EQ(caption, "Save Result");
+  ASSERT_TRUE(choice.has_value());
+  EXPECT_TRUE(choice->path.ends_with("/kept.csv")) << choice->path;
+}
+
+TEST_F(OverwritePromptTest, NoIsNoChoice) {
+  folder.Put("kept.csv", "old");
+  EXPECT_FALSE(Save(true, QMessageBox::No).has_value());
+  EXPECT_TRUE(asked);
+}
+
+TEST_F(OverwritePromptTest, ANewFileIsNotAskedFor) {
+  EXPECT_TRUE(Save(true, QMessageBox::Yes).has_value());
+  EXPECT_FALSE(asked);
+}
+
+TEST_F(OverwritePromptTest, WithoutThePromptNothingIsAsked) {
+  folder.Put("kept.csv", "old");
+  EXPECT_TRUE(Save(false, QMessageBox::Yes).has_value());
+  EXPECT_FALSE(asked);
 }
 
 TEST(ColorDialog, GivesNothingAfterCancel) {
