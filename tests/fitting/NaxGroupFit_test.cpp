@@ -197,6 +197,25 @@ TEST_F(GroupFitTest, FewerThanThreePointsOutsideOfTheZonesFail) {
   EXPECT_EQ(Fit({{220, 1090, 20, 220}}).status, GroupStatus::Failed);
 }
 
+TEST_F(GroupFitTest, APeakThatMovesByMoreThanTheGreatestWidthIsLost) {
+  // By the computation in Python a peak that were free to go would end on the line at 218.
+  Points(201, 260);
+  for (std::size_t i = 0; i < x.size(); ++i) {
+    y[i] = 100 + 1000 * std::exp2(-4 * std::pow((x[i] - 230.4) / 9, 2)) +
+           800 * std::exp2(-4 * std::pow((x[i] - 218) / 4, 2));
+  }
+  EXPECT_EQ(Fit({{228, 150, 8, 228}}).status, GroupStatus::Failed);
+}
+
+TEST_F(GroupFitTest, TheWidthIsAskedForItsChangeToo) {
+  // Position and height are right from the start: the width alone demands the second iteration,
+  // without which it would end at 9.198 (by the computation in Python).
+  Points(201, 260);
+  Draw({{230.4, 1000, 9}});
+  control.ScanReal[kLargestChange] = 0.1;
+  EXPECT_NEAR(Fit({{230.4, 1100, 8, 230}}).peaks[0].fwhm, 9, 0.01);
+}
+
 TEST_F(GroupFitTest, AfterTheLastIterationTheValuesStand) {
   Points(201, 260);
   Draw({{230.4, 1000, 9}});
