@@ -18,4 +18,9 @@ void AttachFitForms(frmDorvane& main, const Program& program, frmManualFit& manu
   main.Attach("mnuInputFitParameter", fit_input, [&fit_input] { fit_input.Open(); });
 }
 
+void AttachAtom(frmDorvane& main, const Program& program, frmAtom& atom) {
+  main.Attach("Atom", atom,
+              [&program, &atom] { atom.Open(program.view.GraphNo, frmAtom::Mode::Mark); });
+}
+
 }  // namespace dorvane

@@ -1,6 +1,7 @@
 // Hangs the other forms below the commands of the main form that open them.
 #pragma once
 
+#include "forms/frmAtom.h"
 #include "forms/frmDorvane.h"
 #include "forms/frmInputFitParameter.h"
 #include "forms/frmKeys.h"
@@ -20,5 +21,8 @@ void AttachForms(frmDorvane& main, frmSelGraph& graphs, frmRoiReport& regions, f
 // `program`, that of the main form.
 void AttachFitForms(frmDorvane& main, const Program& program, frmManualFit& manual_fit,
                     frmInputFitParameter& fit_input);
+
+// The periodic table opens for the current graph of `program`, and marks lines on it.
+void AttachAtom(frmDorvane& main, const Program& program, frmAtom& atom);
 
 }  // namespace dorvane

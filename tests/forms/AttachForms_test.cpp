@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "forms/FakeElementStore.h"
 #include "forms/MainFormFixture.h"
 
 namespace dorvane {
@@ -15,6 +16,9 @@ class AttachFormsTest : public MainFormTest {
   frmKeys keys{host};
   frmManualFit manual_fit{program, host};
   frmInputFitParameter fit_input{program, host};
+  FakeElementStore store;
+  LineMarks line_marks{program};
+  frmAtom atom{program, host, store, line_marks};
 };
 
 TEST_F(AttachFormsTest, TheWindowMenuOpensTheFloatingForms) {
@@ -56,6 +60,27 @@ TEST_F(AttachFormsTest, ThePeakMenuOpensTheFormsThatTakePeaksByHand) {
   }
   EXPECT_THAT(host.Shown(),
               testing::ElementsAre("frmManualFit", "frmManualFit", "frmInputFitParameter"));
+}
+
+TEST_F(AttachFormsTest, AtomOpensThePeriodicTableForTheCurrentGraphFromBothToolBarsAndTheMenu) {
+  AttachAtom(form, program, atom);
+  ShowSpectrum("a.npd");
+  form.tool_bars.tlbrFile.Press("Atom");
+  form.tool_bars.tlbrEnergy.Press("Atom");
+  Menu("mnuAtom").Choose();
+  EXPECT_THAT(host.Shown(), testing::ElementsAre("frmAtom", "frmAtom", "frmAtom"));
+  EXPECT_EQ(atom.CurrentMode(), frmAtom::Mode::Mark);
+  EXPECT_THAT(atom.lblHint.Caption(), testing::HasSubstr("a.npd"));
+}
+
+TEST_F(AttachFormsTest, TheEndHidesThePeriodicTableAndItsRecord) {
+  AttachAtom(form, program, atom);
+  Menu("mnuAtom").Choose();
+  atom.cmdElement.Press();
+  EXPECT_TRUE(atom.element.Visible());
+  Menu("mnuExit").Choose();
+  EXPECT_FALSE(atom.Visible());
+  EXPECT_FALSE(atom.element.Visible());
 }
 
 }  // namespace
