@@ -68,10 +68,16 @@ void ShowWholeColumns(const QFileDialog& dialog) {
 
 }  // namespace
 
+// Over the main window a box would open beneath a window that stays on top.
+QWidget* QtDialogs::Parent() const {
+  QWidget* active = QApplication::activeWindow();
+  return active != nullptr ? active : parent_;
+}
+
 void QtDialogs::Show(const QString& caption, std::string_view text) {
   if (on_message_) on_message_(text);
   const ArrowPointer arrow;
-  QMessageBox box(QMessageBox::NoIcon, caption, ToQString(text), QMessageBox::Ok, parent_);
+  QMessageBox box(QMessageBox::NoIcon, caption, ToQString(text), QMessageBox::Ok, Parent());
   box.setTextFormat(Qt::PlainText);
   box.exec();
 }
@@ -89,7 +95,7 @@ bool QtDialogs::AskYesNo(const Question& question) {
   const ArrowPointer arrow;
   const QString caption = question.caption.empty() ? kProgramName : ToQString(question.caption);
   QMessageBox box(IconOf(question.icon), caption, ToQString(question.text),
-                  QMessageBox::Yes | QMessageBox::No, parent_);
+                  QMessageBox::Yes | QMessageBox::No, Parent());
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(question.no_is_default ? QMessageBox::No : QMessageBox::Yes);
   box.setEscapeButton(QMessageBox::No);
@@ -97,7 +103,7 @@ bool QtDialogs::AskYesNo(const Question& question) {
 }
 
 std::optional<FilesChoice> QtDialogs::ChooseFilesToOpen(const FileRequest& request) {
-  QFileDialog dialog(parent_, "Open Spectra", directory_);
+  QFileDialog dialog(Parent(), "Open Spectra", directory_);
   dialog.setFileMode(request.several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   SelectFilter(dialog, request);
@@ -111,7 +117,7 @@ std::optional<FilesChoice> QtDialogs::ChooseFilesToOpen(const FileRequest& reque
 }
 
 std::optional<FileChoice> QtDialogs::ChooseFileToSave(const FileRequest& request) {
-  QFileDialog dialog(parent_, request.caption.empty() ? "Save Graph" : ToQString(request.caption),
+  QFileDialog dialog(Parent(), request.caption.empty() ? "Save Graph" : ToQString(request.caption),
                      directory_);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
@@ -134,7 +140,7 @@ std::optional<FileChoice> QtDialogs::ChooseFileToSave(const FileRequest& request
 
 std::optional<Color> QtDialogs::ChooseColor(Color start) {
   const ArrowPointer arrow;
-  const QColor chosen = QColorDialog::getColor(ToQColor(start), parent_, "Color");
+  const QColor chosen = QColorDialog::getColor(ToQColor(start), Parent(), "Color");
   if (!chosen.isValid()) return {};
   return Rgb(chosen.red(), chosen.green(), chosen.blue());
 }

@@ -12,7 +12,8 @@ namespace dorvane {
 
 class QtDialogs : public Dialogs {
  public:
-  // Boxes stand over this window, which outlives the dialogs' last use.
+  // Boxes stand over the active window of the program, or over this one while none is; it outlives
+  // the dialogs' last use.
   void SetParent(QWidget* parent) { parent_ = parent; }
   // Told of every message and question before its box is shown.
   void OnMessage(std::function<void(std::string_view)> on_message) {
@@ -33,6 +34,7 @@ class QtDialogs : public Dialogs {
 
  private:
   void Show(const QString& caption, std::string_view text);
+  QWidget* Parent() const;
 
   QWidget* parent_ = nullptr;
   std::function<void(std::string_view)> on_message_;

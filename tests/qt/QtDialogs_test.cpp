@@ -87,6 +87,23 @@ TEST(MessageBox, ShowsItsTextAsItStands) {
   EXPECT_EQ(boxes.Texts(), QStringList("<b>チャンネル数オーバー</b>"));
 }
 
+TEST(MessageBox, StandsOverTheActiveWindow) {
+  QWidget main;
+  QWidget floating;
+  QtDialogs dialogs;
+  dialogs.SetParent(&main);
+  main.show();
+  floating.show();
+  floating.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&floating));
+  QTimer::singleShot(20, [&floating] {
+    QWidget* box = QApplication::activeModalWidget();
+    EXPECT_EQ(box->parentWidget(), &floating);
+    box->close();
+  });
+  dialogs.Message("Clear All Data");
+}
+
 TEST(OpenDialog, GivesNothingAfterCancel) {
   QtDialogs dialogs;
   QTimer::singleShot(50, [] { QApplication::activeModalWidget()->close(); });
