@@ -30,6 +30,13 @@ AreaRegion TakeRange(Program& program) {
   return range.valid ? range : TakeBounds(program.view);
 }
 
+void SetBound(Program& program, std::int16_t& bound) {
+  bound = program.view.CursorCh;
+  if (program.view.AreaOn == kFalse) return;
+  const AreaRegion range = TakeBounds(program.view);
+  if (range.valid) SetArea(program, range.start, range.end);
+}
+
 void ScrollIntoView(Program& program, int start, int end) {
   const double span = program.view.SpanCh;
   const double first = program.view.StartCh;
@@ -43,11 +50,11 @@ void ScrollIntoView(Program& program, int start, int end) {
 }  // namespace
 
 void SetRoiStart(Program& program) {
-  program.view.RoiStart = program.view.CursorCh;
+  SetBound(program, program.view.RoiStart);
 }
 
 void SetRoiEnd(Program& program) {
-  program.view.RoiEnd = program.view.CursorCh;
+  SetBound(program, program.view.RoiEnd);
 }
 
 void AddRoi(Program& program) {

@@ -8,7 +8,9 @@
 
 namespace dorvane {
 
-// mnuRoiStart and mnuRoiEnd: one end of the next region, in any order, at the cursor.
+// mnuRoiStart and mnuRoiEnd: one end of the next region, in any order, at the cursor. While the
+// area cursor is on, two ends that differ mark the area, as a drag of the mouse does, and are
+// cleared.
 void SetRoiStart(Program& program);
 void SetRoiEnd(Program& program);
 

@@ -89,6 +89,20 @@ TEST_F(RoiCommandsTest, BoundsAreUsedOnce) {
   EXPECT_EQ(Table().RoiCount, 1);
 }
 
+TEST_F(RoiCommandsTest, BoundsMarkTheAreaWhileTheAreaCursorIsOn) {
+  ShowPeaks({});
+  view.AreaOn = kTrue;
+  CsrX_Change(program, 200);
+  RunCommand(program, "mnuRoiEnd");
+  EXPECT_EQ(view.AreaStart, kNoEnd);
+  CsrX_Change(program, 100);
+  RunCommand(program, "mnuRoiStart");
+  EXPECT_EQ(view.AreaStart, 100);
+  EXPECT_EQ(view.AreaEnd, 200);
+  EXPECT_EQ(view.RoiStart, kNoEnd);
+  EXPECT_EQ(view.RoiEnd, kNoEnd);
+}
+
 TEST_F(RoiCommandsTest, NeitherBoundIsUsedAgainWithANewOne) {
   ShowPeaks({});
   AddBetween(100, 200);
