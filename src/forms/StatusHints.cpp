@@ -23,6 +23,7 @@ constexpr HintRow kHints[] = {
      "First start: the default settings are in use, and kept when the program ends"},
     {"Open Error", "The file can't be read, is cut short or is no spectrum of its format"},
     {"intPeakNo=-1", "The peak table is full: a spectrum holds 100 peaks"},
+    {"No of Peak > 100", "The peak table is full: a spectrum holds 100 peaks"},
     {"Peaks Cuted", "Peaks whose fit was not accepted have been removed"},
     {"File No Save.", "Yes drops what has changed, No keeps the data"},
     {"Fit Failed", "No fitted curve with its background is there: all ten rows in use, or no peak"},

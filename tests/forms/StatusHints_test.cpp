@@ -46,6 +46,12 @@ TEST_F(StatusHints, AFailedWholeFitAndAnEmptyScanTellWhichWayToTurnTheCoefficien
   EXPECT_EQ(HintFor("NO PEAKS ARE FOUND", *workspace).substr(0, 24), "A lower \"BG Coefficient\"");
 }
 
+TEST_F(StatusHints, FullPeakTableIsExplainedWhoeverMeetsIt) {
+  for (const char* message : {"intPeakNo=-1", "No of Peak > 100 !"}) {
+    EXPECT_EQ(HintFor(message, *workspace), "The peak table is full: a spectrum holds 100 peaks");
+  }
+}
+
 TEST_F(StatusHints, FullListOfGoodReadsAsksToCloseAGraph) {
   for (int row = 0; row < kRows; ++row) Show(row, "a.npd");
   EXPECT_EQ(HintFor("GetGraphSpace: Notting Space!", *workspace),

@@ -94,6 +94,7 @@ TEST_F(MainCommandsTest, ClosingAWindowIsAnEntryWithoutAnAction) {
 TEST_F(MainCommandsTest, TooltipsTellTheKey) {
   EXPECT_EQ(Menu("mnuLoad").Tip(), "Open spectra");
   EXPECT_EQ(bars.tlbrFile.Buttons()[0].tip, "Open spectra (Ctrl+O)");
+  EXPECT_EQ(bars.tlbrOperation.Buttons().back().tip, "Cursor Right (Right)");
   EXPECT_EQ(Menu("mnuLoad").Key(), "Ctrl+O");
 }
 
