@@ -25,7 +25,6 @@ std::string ShippedFolder() {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("dorvane");
-  QApplication::setApplicationDisplayName("Dorvane");
   QApplication::setFont(dorvane::ProgramFont(QApplication::font()));
   QApplication::setWindowIcon(dorvane::ThemeIcon("fit"));
   QApplication::setQuitOnLastWindowClosed(false);
