@@ -22,6 +22,8 @@ bool IsInput(QEvent::Type type) {
     case QEvent::DragMove:
     case QEvent::Drop:
     case QEvent::TouchBegin:
+    case QEvent::TabletPress:
+    case QEvent::InputMethod:
     case QEvent::Close:
       return true;
     default:
