@@ -181,6 +181,26 @@ TEST_F(MainWindowTest, TypedValueGivesTheFocusBackToTheGraph) {
   EXPECT_EQ(View().CursorCh, 500);
 }
 
+TEST_F(MainWindowTest, EscapeTakesBackWhatIsTyped) {
+  OpenCorundum();
+  const std::int32_t height = View().HeightY;
+  for (const char* box : {"itxtScaleY", "imnSpanCh", "inumCursorCh", "txt2Theta_0"}) {
+    auto* edit = Find<QLineEdit>(box);
+    const QString before = edit->text();
+    edit->setFocus();
+    edit->selectAll();
+    QTest::keyClicks(edit, "77");
+    QTest::keyClick(edit, Qt::Key_Escape);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(edit->text(), before) << box;
+    EXPECT_EQ(QApplication::focusWidget(), Find<QWidget>("picGraph_0")) << box;
+  }
+  EXPECT_EQ(View().HeightY, height);
+  EXPECT_EQ(View().SpanCh, 2048);
+  EXPECT_EQ(View().CursorCh, 0);
+  EXPECT_EQ(Store().DefaultProp.TwoTheta, 0);
+}
+
 TEST_F(MainWindowTest, CalibrationOfTheFileIsShownAndCanBeLeft) {
   OpenCorundum();
   EXPECT_EQ(Find<QLabel>("lblEGC_1")->text(), "0.022661Ch^2+0.064773Ch+0.000000");
@@ -354,6 +374,21 @@ TEST_F(MainWindowTest, AltAndArrowsJumpToPeaks) {
   EXPECT_LT(View().CursorCh, 600);
 }
 
+TEST_F(MainWindowTest, TabGoesThroughEveryControlInTheOrderOfTheWindow) {
+  OpenCorundum();
+  Find<QWidget>("picGraph_0")->setFocus();
+  QStringList names;
+  do {
+    names << QApplication::focusWidget()->objectName();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  } while (QApplication::focusWidget() != Find<QWidget>("picGraph_0") && names.size() < 60);
+  EXPECT_EQ(names.join(' ').toStdString(),
+            "picGraph_0 cboGrphSel_0 chkGrp_0 chkFilePile_0 qt_splithandle_fraGraph_1 picGraph_1 "
+            "cboGrphSel_1 chkGrp_10 chkFilePile_1 hsbStartX inumCursorCh updCursorX chkArea "
+            "chkCsrType itxtScaleY hsbWidthY imnSpanCh cmdWider cmdNarrower inumScaleX cboUnitX "
+            "ckbLogScale ckbVtAuto ckbNorScale ckbExpand chkWinStyle optEGC_1 txt2Theta_0");
+}
+
 TEST_F(MainWindowTest, UpAndDownChangeTheHeightOfTheScale) {
   OpenCorundum();
   const std::int32_t height = View().HeightY;
@@ -415,6 +450,43 @@ TEST(DarkDesktop, GivesADarkGroundAndBrightCurvesAtTheFirstStart) {
     session.main.style.chkWinStyle.SetChecked(true);
   }
   QApplication::setPalette(before);
+}
+
+TEST_F(MainWindowTest, DamagedGeometryIsTheFirstOne) {
+  const QSize first = Window().size();
+  session.reset();
+  settings.SetTexts("Window", {"no geometry"});
+  settings.SetTexts("WindowShare", {"wide"});
+  Start();
+  EXPECT_EQ(Window().size(), first);
+  EXPECT_NEAR(session->main.style.fraWinHeight.Share(), 0.65, 0.001);
+}
+
+TEST_F(MainWindowTest, GeometryOfALargerScreenFitsThisOne) {
+  const QSize screen = Window().screen()->availableSize();
+  Window().setGeometry(screen.width() * 2, 40, 1400, 700);
+  Trigger("mnuExit");
+  session.reset();
+  Start();
+  EXPECT_TRUE(Window().screen()->availableGeometry().intersects(Window().geometry()));
+}
+
+TEST_F(MainWindowTest, EndHidesTheWindowsBesideTheMainWindow) {
+  for (const char* name : {"mnuSelGraph", "mnuRoiReport", "mnuLogText", "mnuKeys"}) Trigger(name);
+  bool ended = false;
+  QObject::connect(session.get(), &Session::Ended, session.get(), [&ended] { ended = true; });
+  Window().close();
+  EXPECT_TRUE(ended);
+  for (const QWidget* window : QApplication::topLevelWidgets()) {
+    EXPECT_FALSE(window->isVisible()) << window->objectName().toStdString();
+  }
+}
+
+TEST_F(MainWindowTest, SessionGoesWhileItsWindowsAreShown) {
+  for (const char* name : {"mnuSelGraph", "mnuRoiReport", "mnuLogText", "mnuKeys"}) Trigger(name);
+  OpenCorundum();
+  session.reset();
+  EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty());
 }
 
 TEST_F(MainWindowTest, TwoSessionsDoNotKnowOfEachOther) {

@@ -65,6 +65,18 @@ QLabel* FormWindow::CaptionOf(Control& control) {
   return label;
 }
 
+void FormWindow::SetTabOrder(const std::vector<QWidget*>& widgets) {
+  QWidget* last = nullptr;
+  for (QWidget* widget : widgets) {
+    for (QWidget* each : QList<QWidget*>{widget} + widget->findChildren<QWidget*>()) {
+      // A list that pops up is a window of its own.
+      if (each->focusPolicy() == Qt::NoFocus || each->window() != this) continue;
+      if (last != nullptr) setTabOrder(last, each);
+      last = each;
+    }
+  }
+}
+
 void FormWindow::SetDefaultButton(const Button& button) {
   default_button_ = &button;
   if (auto* widget = As<QPushButton>(button)) widget->setDefault(true);

@@ -5,6 +5,7 @@
 #include <QMainWindow>
 #include <functional>
 #include <map>
+#include <vector>
 
 #include "forms/Controls.h"
 #include "forms/Form.h"
@@ -44,6 +45,8 @@ class FormWindow : public QMainWindow {
   // True for a widget that the layout has left out.
   bool LeftOut(const QWidget* widget) const { return widget->parentWidget() == holder_; }
 
+  // The way of the Tab key: through these widgets and those within them, one after the other.
+  void SetTabOrder(const std::vector<QWidget*>& widgets);
   // Has the focus, its text selected, each time the window comes up.
   void SetFirstFocus(const Control& control) { first_focus_ = Of(control); }
   void SetDefaultButton(const Button& button);

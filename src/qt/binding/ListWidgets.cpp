@@ -8,6 +8,7 @@
 #include <QSignalBlocker>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "qt/binding/Mirror.h"
 #include "qt/binding/Text.h"
@@ -31,6 +32,9 @@ void FollowOptions(const OptionGroup& control, QButtonGroup* group) {
     group->button(i)->setChecked(i == control.Index());
     group->button(i)->setEnabled(control.OptionEnabled(i));
     group->button(i)->setToolTip(ToQString(control.Tip()));
+    // The Tab key comes to the option that is on.
+    const bool on = i == std::max(control.Index(), 0);
+    group->button(i)->setFocusPolicy(on ? Qt::StrongFocus : Qt::ClickFocus);
   }
   group->setExclusive(true);
 }

@@ -2,10 +2,13 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "qt/binding/Mirror.h"
 #include "qt/binding/TabularFont.h"
@@ -113,6 +116,22 @@ struct Draft {
   double shown_value = 0;
 };
 
+// Escape takes back what is typed, and goes on to whoever else has a use for it.
+class NumberEdit : public QLineEdit {
+ public:
+  NumberEdit(QWidget* parent, std::function<void()> take_back)
+      : QLineEdit(parent), take_back_(std::move(take_back)) {}
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Escape) take_back_();
+    QLineEdit::keyPressEvent(event);
+  }
+
+ private:
+  std::function<void()> take_back_;
+};
+
 }  // namespace
 
 QWidget* MakeTextWidget(TextBox& control, QWidget* parent) {
@@ -122,10 +141,13 @@ QWidget* MakeTextWidget(TextBox& control, QWidget* parent) {
 }
 
 QWidget* MakeNumberWidget(NumberBox& control, QWidget* parent) {
-  auto* edit = new QLineEdit(parent);
+  const auto draft = std::make_shared<Draft>();
+  auto* edit = new NumberEdit(parent, [&control, draft] {
+    draft->typed = false;
+    control.Shown.Fire();
+  });
   edit->setFont(TabularFont(edit->font()));
   edit->setAlignment(Qt::AlignRight);
-  const auto draft = std::make_shared<Draft>();
   Mirror(control, edit, [&control, edit, draft] {
     edit->setReadOnly(control.ReadOnly());
     if (draft->typed && draft->shown_value == control.Value()) return;

@@ -97,6 +97,7 @@ bool MainInput::KeyPressed(QWidget* widget, const QKeyEvent& event) {
   const bool leaves = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter ||
                       event.key() == Qt::Key_Escape;
   if (leaves && qobject_cast<QLineEdit*>(widget) != nullptr) {
+    if (event.key() == Qt::Key_Escape) TakeBackTyped();
     QMetaObject::invokeMethod(
         this, [this] { FocusGraph(); }, Qt::QueuedConnection);
     return false;
@@ -104,6 +105,12 @@ bool MainInput::KeyPressed(QWidget* widget, const QKeyEvent& event) {
   const auto key = FormKeyOf(event);
   const auto modifier = ModifierOf(event);
   return key && modifier && form_.Form_KeyDown(*key, *modifier, window_.ControlOf(widget));
+}
+
+// The number boxes do so themselves.
+void MainInput::TakeBackTyped() {
+  form_.scale.Refresh();
+  form_.calibration.Refresh();
 }
 
 void MainInput::FocusGraph() {

@@ -7,7 +7,8 @@
 namespace dorvane {
 
 // Hands keys to the form wherever the focus is in its window, and the names of dropped files. Enter
-// and Escape in a box give the focus back to the graph. Goes with the window.
+// and Escape in a box give the focus back to the graph; Escape takes back what is typed there. Goes
+// with the window.
 class MainInput : public QObject {
   Q_OBJECT
 
@@ -20,6 +21,7 @@ class MainInput : public QObject {
 
  private:
   bool KeyPressed(QWidget* widget, const QKeyEvent& event);
+  void TakeBackTyped();
   void FocusGraph();
 
   frmDorvane& form_;

@@ -189,6 +189,28 @@ void LayOutStatusLine(const frmDorvane& form, FormWindow& window) {
   line->addPermanentWidget(window.Of(form.status.lblPeaks));
 }
 
+// From the upper window to the lower one and through the strip, column by column.
+void OrderTabs(const frmDorvane& form, FormWindow& window) {
+  std::vector<QWidget*> order;
+  const auto add = [&](std::initializer_list<const Control*> controls) {
+    for (const Control* control : controls) order.push_back(window.Of(*control));
+  };
+  for (int win_no = 0; win_no < kWindows; ++win_no) {
+    if (win_no == 1) order.push_back(window.As<QSplitter>(form.style.fraWinHeight)->handle(1));
+    add({&form.graphs.picGraph[win_no], &form.selector.cboGrphSel[win_no]});
+    for (int row = 0; row < kRows; ++row) add({&form.selector.chkGrp[win_no * kRows + row]});
+    add({&form.style.chkFilePile[win_no]});
+  }
+  const CursorPanel& cursor = form.cursor;
+  const ScalePanel& scale = form.scale;
+  add({&scale.hsbStartX, &cursor.inumCursorCh, &cursor.updCursorX, &cursor.chkArea,
+       &cursor.chkCsrType, &scale.itxtScaleY, &scale.hsbWidthY, &scale.imnSpanCh, &scale.cmdWider,
+       &scale.cmdNarrower, &scale.inumScaleX, &scale.cboUnitX, &scale.ckbLogScale, &scale.ckbVtAuto,
+       &scale.ckbNorScale, &form.style.ckbExpand, &form.style.chkWinStyle, &form.calibration.optEGC,
+       &form.calibration.txt2Theta[0]});
+  window.SetTabOrder(order);
+}
+
 }  // namespace
 
 void LayOut(frmDorvane& form, FormWindow& window) {
@@ -196,6 +218,7 @@ void LayOut(frmDorvane& form, FormWindow& window) {
   LayOutToolBars(form, window);
   LayOutCentre(form, window);
   LayOutStatusLine(form, window);
+  OrderTabs(form, window);
   window.resize(kFirstSize);
   window.SetFirstFocus(form.graphs.picGraph[0]);
   new MainInput(form, window);

@@ -160,6 +160,16 @@ TEST_F(TextWidgets, NoNumberGivesTheOldOneBack) {
   EXPECT_EQ(*changes, 1);
 }
 
+TEST_F(TextWidgets, EscapeTakesATypedNumberBack) {
+  form.imnAngle.SetValue(2);
+  const auto changes = Count(form.imnAngle.Change);
+  TypeOver(Of(form.imnAngle), "45");
+  QTest::keyClick(Of(form.imnAngle), Qt::Key_Escape);
+  EXPECT_EQ(Find<QLineEdit>("imnAngle")->text(), "2.000");
+  Of(form.cmdOk)->setFocus();
+  EXPECT_EQ(*changes, 0);
+}
+
 TEST_F(TextWidgets, DraftOutlivesAChangeThatIsNotOfTheValue) {
   TypeOver(Of(form.imnAngle), "45");
   form.imnAngle.SetTip("2-theta");
