@@ -143,7 +143,7 @@ QWidget* CalibrationSection(const frmDorvane& form, FormWindow& window) {
     grid->addWidget(angle, i, 3);
     grid->addWidget(new QLabel("\u00B0", box), i, 4);
   }
-  grid->setColumnStretch(1, 1);
+  grid->setColumnStretch(5, 1);
   grid->setRowStretch(2, 1);
   return box;
 }
