@@ -38,6 +38,7 @@ QIcon IconOf(const ToolBar&, const QString& key) {
 Session::Session(const Places& places, SettingsStore& settings)
     : log(host),
       program({dialogs, files, log, progress, views}, OwnDirectory(files, places)),
+      line_marks(program),
       hourglass(program.view),
       main(program, host, launcher, settings),
       graph_select(program, host),
@@ -45,15 +46,19 @@ Session::Session(const Places& places, SettingsStore& settings)
       keys(host),
       manual_fit(program, host),
       fit_input(program, host),
+      atom(program, host, element_table, line_marks),
       form_views(host, IconOf),
       places_(places),
       settings_(settings) {
   views.Add(hourglass);
+  views.Add(line_marks);
   views.Add(main);
   views.Add(graph_select);
   views.Add(roi_report);
+  views.Add(atom);
   AttachForms(main, graph_select, roi_report, log, keys);
   AttachFitForms(main, program, manual_fit, fit_input);
+  AttachAtom(main, program, atom);
   AddViews();
   FormWindow* window = form_views.WindowOf(main);
   dialogs.SetParent(window);
@@ -79,6 +84,8 @@ void Session::AddViews() {
   add(keys);
   add(manual_fit);
   add(fit_input);
+  add(atom);
+  add(atom.element);
 }
 
 void Session::ConnectStatus() {

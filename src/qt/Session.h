@@ -5,7 +5,9 @@
 #include <QObject>
 #include <string>
 
+#include "elements/ElementDb.h"
 #include "forms/AttachForms.h"
+#include "forms/frmAtom.h"
 #include "forms/frmDorvane.h"
 #include "forms/frmInputFitParameter.h"
 #include "forms/frmKeys.h"
@@ -13,6 +15,7 @@
 #include "forms/frmManualFit.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
+#include "program/LineMarks.h"
 #include "program/Program.h"
 #include "qt/DesktopLauncher.h"
 #include "qt/Hourglass.h"
@@ -51,6 +54,8 @@ class Session : public QObject {
   ListenerFan views;
   DesktopLauncher launcher;
   Program program;
+  ElementDb element_table;
+  LineMarks line_marks;
   Hourglass hourglass;
   frmDorvane main;
   frmSelGraph graph_select;
@@ -58,6 +63,7 @@ class Session : public QObject {
   frmKeys keys;
   frmManualFit manual_fit;
   frmInputFitParameter fit_input;
+  frmAtom atom;
   FormViews form_views;  // goes first: the windows are above the forms
 
  signals:

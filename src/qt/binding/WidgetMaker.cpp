@@ -4,7 +4,6 @@
 #include <QGroupBox>
 #include <QPushButton>
 #include <QTimer>
-#include <QToolButton>
 
 #include "forms/Controls.h"
 #include "forms/Grid.h"
@@ -18,6 +17,7 @@
 #include "qt/binding/TabularFont.h"
 #include "qt/binding/Text.h"
 #include "qt/binding/TextWidgets.h"
+#include "qt/binding/ToggleView.h"
 
 namespace dorvane {
 namespace {
@@ -159,15 +159,13 @@ void WidgetMaker::Visit(Timer& control) {
 }
 
 void WidgetMaker::Visit(ToggleButton& control) {
-  auto* button = new QToolButton(holder_);
-  button->setCheckable(true);
-  button->setFocusPolicy(Qt::StrongFocus);
+  auto* button = new ToggleView(holder_);
   const auto follow = [&control, button] {
     button->setText(ToQString(control.Caption()));
     button->setChecked(control.Pressed());
   };
   Mirror(control, button, follow);
-  QObject::connect(button, &QToolButton::clicked, button, [&control, follow](bool checked) {
+  QObject::connect(button, &ToggleView::clicked, button, [&control, follow](bool checked) {
     control.SetPressed(checked);
     follow();
   });

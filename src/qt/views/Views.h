@@ -5,8 +5,10 @@
 
 namespace dorvane {
 
+class frmAtom;
 class frmDialogMessage;
 class frmDorvane;
+class frmElement;
 class frmInput;
 class frmInputFitParameter;
 class frmKeys;
@@ -15,11 +17,13 @@ class frmManualFit;
 class frmRoiReport;
 class frmSelGraph;
 
+void LayOut(frmAtom& form, FormWindow& window);
 void LayOut(frmDialogMessage& form, FormWindow& window);
 // The main form: tool bars, the two graph windows, the read-outs below them, and a status line with
 // a hidden progress bar of this name.
 inline constexpr const char* kProgressBarName = "prgOperation";
 void LayOut(frmDorvane& form, FormWindow& window);
+void LayOut(frmElement& form, FormWindow& window);
 void LayOut(frmInput& form, FormWindow& window);
 void LayOut(frmInputFitParameter& form, FormWindow& window);
 void LayOut(frmKeys& form, FormWindow& window);

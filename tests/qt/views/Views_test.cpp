@@ -5,7 +5,10 @@
 #include <QPlainTextEdit>
 #include <QTimer>
 #include <cmath>
+#include <set>
 
+#include "forms/FakeElementStore.h"
+#include "forms/frmAtom.h"
 #include "forms/frmDialogMessage.h"
 #include "forms/frmInput.h"
 #include "forms/frmInputFitParameter.h"
@@ -56,6 +59,9 @@ class Views : public ProgramTest {
   frmSelGraph graphs{program, host};
   frmManualFit manual_fit{program, host};
   frmInputFitParameter fit_input{program, host};
+  FakeElementStore store;
+  LineMarks line_marks{program};
+  frmAtom atom{program, host, store, line_marks};
   FormViews windows{host};
 };
 
@@ -67,6 +73,8 @@ TEST_F(Views, EveryControlHasItsWidget) {
   ExpectEveryControlHasItsWidget(graphs, Open(graphs));
   ExpectEveryControlHasItsWidget(manual_fit, Open(manual_fit));
   ExpectEveryControlHasItsWidget(fit_input, Open(fit_input));
+  ExpectEveryControlHasItsWidget(atom, Open(atom));
+  ExpectEveryControlHasItsWidget(atom.element, Open(atom.element));
 }
 
 TEST_F(Views, InputIsTypedAndEndsWithEnterEachTime) {
@@ -205,6 +213,54 @@ TEST_F(Views, PeakIsTypedWithTheFocusOnItsWidth) {
   fit_input.Open();
   ASSERT_EQ(workspace.Peaks[data_no].Count, 1);
   EXPECT_EQ(workspace.Peaks[data_no].Peaks[0].Height, 1020);
+}
+
+TEST_F(Views, ArrowKeysWalkTheElementsAndSpacePressesThem) {
+  Show(std::vector<std::int32_t>(1000, 5));
+  FormWindow& window = Open(atom);
+  const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+  window.Of(atom.tglAtom[25])->setFocus();
+  press(Qt::Key_Right);
+  EXPECT_TRUE(window.Of(atom.tglAtom[26])->hasFocus());
+  press(Qt::Key_Space);
+  EXPECT_TRUE(atom.tglAtom[26].Pressed());
+  press(Qt::Key_Down);
+  EXPECT_TRUE(window.Of(atom.tglAtom[44])->hasFocus());
+  press(Qt::Key_Left);
+  press(Qt::Key_Up);
+  EXPECT_TRUE(window.Of(atom.tglAtom[25])->hasFocus());
+}
+
+TEST_F(Views, TheTabKeyTakesElementsAndLinesAsOneStopEach) {
+  FormWindow& window = Open(atom);
+  window.Of(atom.tglAtom[26])->setFocus();
+  std::set<const QWidget*> stops;
+  for (int i = 0; i < 20; ++i) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    stops.insert(QApplication::focusWidget());
+  }
+  const std::set<const QWidget*> expected{window.Of(atom.tglAtom[26]), window.Of(atom.tglPkDisp[0]),
+                                          window.Of(atom.optEdit),     window.Of(atom.optMark),
+                                          window.Of(atom.cmdElement),  window.Of(atom.cmdCancel)};
+  EXPECT_EQ(stops, expected);
+}
+
+TEST_F(Views, LanthanidesStandBelowTheTable) {
+  FormWindow& window = Open(atom);
+  const auto place = [&](int num) { return window.Of(atom.tglAtom[num])->geometry().center(); };
+  EXPECT_EQ(place(57).x(), place(39).x());  // La below Y
+  EXPECT_GT(place(57).y(), place(87).y());  // below Fr
+  EXPECT_EQ(place(26).x(), place(44).x());  // Fe over Ru
+  EXPECT_EQ(place(89).x(), place(57).x());  // Ac below La
+}
+
+TEST_F(Views, ASymbolIsTypedAndFoundWithEnter) {
+  FormWindow& window = Open(atom.element);
+  QTest::keyClicks(window.Of(atom.element.txtSymbFind), "pb");
+  QTest::keyClick(window.Of(atom.element.txtSymbFind), Qt::Key_Return);
+  EXPECT_EQ(window.As<QLineEdit>(atom.element.txtEnergy[1])->text(), "74.9693");
+  QTest::keyClick(window.Of(atom.element.txtSymbFind), Qt::Key_Escape);
+  EXPECT_FALSE(atom.element.Visible());
 }
 
 }  // namespace
