@@ -236,7 +236,7 @@ void DrawSpect::AddNamedLine(int view, std::int32_t x, std::string_view text, Co
   const MarkRec mark = MakeMark(x, 0, text, color, size);
   const View& shown = views_[view];
   if (Arrays(view).named_lines.Add(mark) && draw_now != kFalse && shown.surface != nullptr) {
-    MarkPainter(*shown.surface, shown.scale, print_).NamedLine(mark);
+    MarkPainter(*shown.surface, shown.scale, print_).NamedLines({&mark, 1});
   }
 }
 
@@ -274,7 +274,7 @@ void DrawSpect::Redraw(int view) {
   }
   for (const MarkRec& text : arrays.texts.Marks()) marks.TextMark(text);
   for (const MarkRec& symbol : arrays.symbols.Marks()) marks.Symbol(symbol);
-  for (const MarkRec& line : arrays.named_lines.Marks()) marks.NamedLine(line);
+  marks.NamedLines(arrays.named_lines.Marks());
   marks.ScaleLines(shown.divisions, scale_line_color_);
 }
 

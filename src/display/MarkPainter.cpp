@@ -1,6 +1,7 @@
 #include "display/MarkPainter.h"
 
 #include <algorithm>
+#include <array>
 
 namespace dorvane {
 namespace {
@@ -12,6 +13,7 @@ constexpr double kAreaOpacity = 0.16;
 constexpr double kRangeOpacity = 0.10;
 constexpr double kRegionOpacity = 0.12;
 constexpr double kCrossArm = 7;  // pixels
+constexpr int kNameRows = 8;
 
 // `low` where the bounds leave no room.
 double Within(double value, double low, double high) {
@@ -29,14 +31,19 @@ void MarkPainter::PeakLine(std::int16_t channel, Color color) const {
   VerticalLine(channel, Ink(color), kPeakLineOpacity);
 }
 
-void MarkPainter::TextAt(double channel, double y, double text_heights, const MarkRec& mark) const {
-  if (!IsShown(channel)) return;
-  const std::string_view text = TextOf(mark);
+MarkPainter::Stretch MarkPainter::PlaceOf(const MarkRec& mark) const {
   surface_.SetFontSize(mark.Size > 0 ? mark.Size : kDefaultFontSize);
-  const double width = surface_.TextWidth(text);
+  const double width = surface_.TextWidth(TextOf(mark));
+  const double left = Within(mark.X - width / 2, scale_.StartX, scale_.EndX - width);
+  return {left, left + width};
+}
+
+void MarkPainter::TextAt(double y, double text_heights, const MarkRec& mark) const {
+  if (!IsShown(mark.X)) return;
+  const std::string_view text = TextOf(mark);
+  const double x = PlaceOf(mark).left;
   const double height = surface_.TextHeight();
   const double up = heights_.Top() >= heights_.Bottom() ? 1 : -1;
-  const double x = Within(channel - width / 2, scale_.StartX, scale_.EndX - width);
   // Measured downwards from the top, so that both directions of y share the bounds.
   const double depth = Within((heights_.Top() - y) * up - height * text_heights, 0,
                               (heights_.Top() - heights_.Bottom()) * up - height);
@@ -44,16 +51,36 @@ void MarkPainter::TextAt(double channel, double y, double text_heights, const Ma
 }
 
 void MarkPainter::TextMark(const MarkRec& mark) const {
-  TextAt(mark.X, heights_.At(mark.Y).y, 1, mark);
+  TextAt(heights_.At(mark.Y).y, 1, mark);
 }
 
 void MarkPainter::Symbol(const MarkRec& mark) const {
-  TextAt(mark.X, heights_.At(mark.Y).y, 0.5, mark);
+  TextAt(heights_.At(mark.Y).y, 0.5, mark);
 }
 
-void MarkPainter::NamedLine(const MarkRec& mark) const {
-  VerticalLine(mark.X, Ink(mark.Color), kPeakLineOpacity);
-  TextAt(mark.X, heights_.Top(), 0, mark);
+void MarkPainter::NamedLines(std::span<const MarkRec> marks) const {
+  struct Name {
+    Stretch place;
+    int row = 0;
+  };
+  std::array<Name, kMaxNamedLines> names;
+  std::size_t count = 0;
+  for (const MarkRec& mark : marks.first(std::min(marks.size(), names.size()))) {
+    if (!IsShown(mark.X)) continue;
+    Name& name = names[count] = {PlaceOf(mark), 0};
+    const auto taken = [&](int row) {
+      return std::any_of(names.begin(), names.begin() + static_cast<std::ptrdiff_t>(count),
+                         [&](const Name& other) {
+                           return other.row == row && other.place.left < name.place.right &&
+                                  name.place.left < other.place.right;
+                         });
+    };
+    while (name.row < kNameRows && taken(name.row)) ++name.row;
+    name.row %= kNameRows;
+    VerticalLine(mark.X, Ink(mark.Color), kPeakLineOpacity);
+    TextAt(heights_.Top(), -name.row, mark);
+    ++count;
+  }
 }
 
 void MarkPainter::ScaleLines(std::int16_t divisions, Color color) const {

@@ -145,6 +145,36 @@ TEST_F(MarkedGraph, ANamedLineHasItsNameAtTheTop) {
   EXPECT_EQ(surface.Boxes()[0].from.x, 500);
 }
 
+TEST_F(MarkedGraph, NamesWithoutRoomBesideEachOtherStandInRows) {
+  for (const int channel : {500, 510, 516, 700}) {
+    engine->AddNamedLine(0, channel, "ab", kOwn, 0, 0);
+  }
+  engine->Redraw(0);
+  const auto texts = surface.Texts();
+  ASSERT_EQ(texts.size(), 4u);
+  EXPECT_EQ(texts[0].from, (Point{492, 600}));
+  EXPECT_EQ(texts[1].from, (Point{502, 584}));  // a row of 16 counts below
+  EXPECT_EQ(texts[2].from, (Point{508, 600}));  // begins where the first ends
+  EXPECT_EQ(texts[3].from, (Point{692, 600}));
+}
+
+TEST_F(MarkedGraph, ANameWithoutRoomInAnyRowStandsInTheHighest) {
+  for (int i = 0; i < 9; ++i) engine->AddNamedLine(0, 500, "ab", kOwn, 0, 0);
+  engine->Redraw(0);
+  const auto texts = surface.Texts();
+  ASSERT_EQ(texts.size(), 9u);
+  EXPECT_EQ(texts[7].from.y, 488);
+  EXPECT_EQ(texts[8].from.y, 600);
+}
+
+TEST_F(MarkedGraph, ALineThatIsNotShownTakesNoRoom) {
+  engine->AddNamedLine(0, 1002, "ab", kOwn, 0, 0);
+  engine->AddNamedLine(0, 1000, "ab", kOwn, 0, 0);
+  engine->Redraw(0);
+  ASSERT_EQ(surface.Texts().size(), 1u);
+  EXPECT_EQ(surface.Texts()[0].from.y, 600);
+}
+
 TEST_F(MarkedGraph, TextsStayWithinTheSurface) {
   engine->AddText(0, 1, 590, "abcd", kInk, 0, -1);
   EXPECT_EQ(OnlyText().from, (Point{0, 600}));
