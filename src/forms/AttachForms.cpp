@@ -23,4 +23,8 @@ void AttachAtom(frmDorvane& main, const Program& program, frmAtom& atom) {
               [&program, &atom] { atom.Open(program.view.GraphNo, frmAtom::Mode::Mark); });
 }
 
+void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice) {
+  main.Attach("hkl", lattice, [&program, &lattice] { lattice.Open(program.view.GraphNo); });
+}
+
 }  // namespace dorvane

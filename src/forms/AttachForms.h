@@ -7,6 +7,7 @@
 #include "forms/frmKeys.h"
 #include "forms/frmLog.h"
 #include "forms/frmManualFit.h"
+#include "forms/frmPeakCal.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
 
@@ -24,5 +25,8 @@ void AttachFitForms(frmDorvane& main, const Program& program, frmManualFit& manu
 
 // The periodic table opens for the current graph of `program`, and marks lines on it.
 void AttachAtom(frmDorvane& main, const Program& program, frmAtom& atom);
+
+// "hkl" opens the lattice form for the current graph of `program`.
+void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice);
 
 }  // namespace dorvane

@@ -12,7 +12,6 @@
 namespace dorvane {
 namespace {
 
-constexpr int kVolume = 7;             // place in LatticeResult::Direct
 constexpr int kLinesPerParameter = 2;  // that remain when outliers are excluded
 
 Hkl HklOf(const LineRec& line) {
@@ -98,26 +97,15 @@ void RejectOutliers(LatticeState& state, const Workspace& workspace, const Refin
   }
 }
 
-void SetVolume(LatticeReport& report, const ValueWithError& volume, double V0) {
-  report.volume = volume;
-  report.V0 = V0;
-  report.ratio = ValueWithError{Divide(volume.value, V0), Divide(volume.error, V0)};
-}
-
-void SampleVolume(const CrystalRec& crystal, LatticeReport& report) {
-  const auto in_float = [](double value) { return static_cast<float>(value); };
-  const double V0 =
-      CalcVolume(in_float(crystal.Lat[0]), in_float(crystal.Lat[1]), in_float(crystal.Lat[2]),
-                 in_float(crystal.Ang[0]), in_float(crystal.Ang[1]), in_float(crystal.Ang[2]),
-                 report.lattice_type);
-  SetVolume(report, {report.cell->Direct[kVolume], report.cell->DirectErr[kVolume]}, V0);
+void SetVolume(LatticeReport& report, const CellVolume& cell) {
+  report.volume = cell.volume;
+  report.ratio = cell.ratio;
+  report.V0 = cell.V0;
 }
 
 void MarkerPressure(const LatticeRequest& request, const SeedCell& seed, LatticeReport& report) {
   PressInput input = PreparePressure(report.lattice_type, *report.cell, seed);
-  if (report.lattice_type == kCubic || report.lattice_type == kHexagonal) {
-    SetVolume(report, {input.Vals[kValVolume], input.Errs[kValVolume]}, input.V0);
-  }
+  if (const auto cell = MarkerVolume(report.lattice_type, input)) SetVolume(report, *cell);
   input.Material = MaterialOf(report.crystal);
   input.TempText = request.temperature;
   input.UnitIndex = request.temperature_unit;
@@ -160,7 +148,7 @@ LatticeReport RunLattice(LatticeState& state, const Workspace& workspace, int da
     if (!Refine(state, workspace, input, report, dialogs)) return report;
     RejectOutliers(state, workspace, input, request.reject_beyond, report, dialogs);
     if (request.mode == LatticeMode::Sample) {
-      SampleVolume(crystal, report);
+      SetVolume(report, SampleVolume(crystal, report.lattice_type, *report.cell));
     } else {
       MarkerPressure(request, input.seed, report);
     }

@@ -9,6 +9,7 @@
 
 #include "lattice/LatticeState.h"
 #include "lattice/Pressure.h"
+#include "program/CellVolume.h"
 #include "support/Dialogs.h"
 #include "workspace/Workspace.h"
 
@@ -47,11 +48,6 @@ struct LatticeLine {
   double d_cal = 0;       // of the refined cell; of the seeds where nothing was refined
   bool excluded = false;  // by the request
   bool used = false;      // took part in the refinement
-};
-
-struct ValueWithError {
-  double value = 0;
-  double error = 0;
 };
 
 struct LatticeReport {
