@@ -11,6 +11,7 @@
 
 #include "display/RecordingSurface.h"
 #include "forms/AttachForms.h"
+#include "forms/FakeElementStore.h"
 #include "forms/FormInvariants.h"
 #include "forms/MonkeyHand.h"
 #include "forms/MonkeyPorts.h"
@@ -40,26 +41,34 @@ class MonkeyRun {
         log(outside.host),
         program(std::make_unique<Program>(
             Ports{outside.dialogs, outside.files, log, outside.progress, views}, directory)),
+        line_marks(*program),
         main(*program, outside.host, outside.launcher, outside.settings),
         graphs(*program, outside.host),
         regions(*program, outside.host),
         keys(outside.host),
+        atom(*program, outside.host, elements, line_marks),
         message(outside.host),
         input(outside.host) {
+    views.Add(line_marks);
     views.Add(main);
     views.Add(graphs);
     views.Add(regions);
+    views.Add(atom);
     AttachForms(main, graphs, regions, log, keys);
+    AttachAtom(main, *program, atom);
     main.Ended.Connect([this] { ended = true; });
   }
 
   ListenerFan views;
   frmLog log;
   std::unique_ptr<Program> program;
+  FakeElementStore elements;
+  LineMarks line_marks;
   frmDorvane main;
   frmSelGraph graphs;
   frmRoiReport regions;
   frmKeys keys;
+  frmAtom atom;
   frmDialogMessage message;
   frmInput input;
   bool ended = false;
@@ -133,10 +142,10 @@ class Monkey {
 
  private:
   // What users press most.
-  static constexpr std::array kCommon{"LoadData", "LoadData", "SaveData", "Smooth",  "BackGround",
-                                      "MkIns",    "All",      "Fit",      "AllFit",  "MkDel",
-                                      "RoiAdd",   "RoiDel",   "JmpRight", "JmpLeft", "AreaCursor",
-                                      "AutoFit",  "Split",    "NaxAllFit"};
+  static constexpr std::array kCommon{"LoadData", "LoadData", "SaveData",  "Smooth",  "BackGround",
+                                      "MkIns",    "All",      "Fit",       "AllFit",  "MkDel",
+                                      "RoiAdd",   "RoiDel",   "JmpRight",  "JmpLeft", "AreaCursor",
+                                      "AutoFit",  "Split",    "NaxAllFit", "Atom"};
 
   void Start() {
     if (dice_.OneIn(4)) files_.HarmParameters();
@@ -178,8 +187,8 @@ class Monkey {
 
   Form& FrontForm() {
     std::vector<Form*> open;
-    for (Form* form :
-         std::initializer_list<Form*>{&run_->graphs, &run_->regions, &run_->log, &run_->keys}) {
+    for (Form* form : std::initializer_list<Form*>{&run_->graphs, &run_->regions, &run_->log,
+                                                   &run_->keys, &run_->atom, &run_->atom.element}) {
       if (form->Visible()) open.push_back(form);
     }
     if (open.empty() || dice_.OneIn(2)) return run_->main;
