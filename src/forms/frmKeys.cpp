@@ -22,7 +22,11 @@ constexpr std::array kMouse{
     MouseRow{"Double click on the count axis", "The height that fits"},
     MouseRow{"Double click on the unit axis", "The whole spectrum"},
 };
-constexpr MouseRow kEscape{"Escape", "Stops a long operation"};
+constexpr std::array kPlaces{
+    MouseRow{"Escape", "Stops a long operation; in a box, takes back what is typed"},
+    MouseRow{"Up, Down on the divider", "Heights of the windows"},
+    MouseRow{"Space on the divider", "Closes or opens the lower window"},
+};
 
 void AddRow(Grid& grid, std::string_view key, std::string_view what) {
   const int row = grid.MaxRows() + 1;
@@ -43,7 +47,7 @@ frmKeys::frmKeys(FormHost& host) : Form(host, "frmKeys", "Keys and mouse") {
   for (const MenuRow& row : MenuTable()) {
     if (!row.key.empty() && !InKeyTable(row.key)) AddRow(sprKeys, row.key, TipOf(row));
   }
-  AddRow(sprKeys, kEscape.shown, kEscape.what);
+  for (const MouseRow& row : kPlaces) AddRow(sprKeys, row.shown, row.what);
   for (const MouseRow& row : kMouse) AddRow(sprKeys, row.shown, row.what);
   cmdOk.Click.Connect([this] { Hide(); });
 }

@@ -386,7 +386,8 @@ TEST_F(MainWindowTest, TabGoesThroughEveryControlInTheOrderOfTheWindow) {
             "picGraph_0 cboGrphSel_0 chkGrp_0 chkFilePile_0 qt_splithandle_fraGraph_1 picGraph_1 "
             "cboGrphSel_1 chkGrp_10 chkFilePile_1 hsbStartX inumCursorCh updCursorX chkArea "
             "chkCsrType itxtScaleY hsbWidthY imnSpanCh cmdWider cmdNarrower inumScaleX cboUnitX "
-            "ckbLogScale ckbVtAuto ckbNorScale ckbExpand chkWinStyle optEGC_1 txt2Theta_0");
+            "ckbLogScale ckbVtAuto ckbNorScale ckbExpand chkWinStyle cmdAutoFit optEGC_1 "
+            "txt2Theta_0");
 }
 
 TEST_F(MainWindowTest, UpAndDownChangeTheHeightOfTheScale) {

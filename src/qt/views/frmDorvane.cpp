@@ -203,11 +203,16 @@ void OrderTabs(const frmDorvane& form, FormWindow& window) {
   }
   const CursorPanel& cursor = form.cursor;
   const ScalePanel& scale = form.scale;
-  add({&scale.hsbStartX, &cursor.inumCursorCh, &cursor.updCursorX, &cursor.chkArea,
-       &cursor.chkCsrType, &scale.itxtScaleY, &scale.hsbWidthY, &scale.imnSpanCh, &scale.cmdWider,
-       &scale.cmdNarrower, &scale.inumScaleX, &scale.cboUnitX, &scale.ckbLogScale, &scale.ckbVtAuto,
-       &scale.ckbNorScale, &form.style.ckbExpand, &form.style.chkWinStyle, &form.calibration.optEGC,
-       &form.calibration.txt2Theta[0]});
+  add({&scale.hsbStartX,         &cursor.inumCursorCh,
+       &cursor.updCursorX,       &cursor.chkArea,
+       &cursor.chkCsrType,       &scale.itxtScaleY,
+       &scale.hsbWidthY,         &scale.imnSpanCh,
+       &scale.cmdWider,          &scale.cmdNarrower,
+       &scale.inumScaleX,        &scale.cboUnitX,
+       &scale.ckbLogScale,       &scale.ckbVtAuto,
+       &scale.ckbNorScale,       &form.style.ckbExpand,
+       &form.style.chkWinStyle,  &form.style.cmdAutoFit,
+       &form.calibration.optEGC, &form.calibration.txt2Theta[0]});
   window.SetTabOrder(order);
 }
 
