@@ -16,13 +16,13 @@
 namespace dorvane {
 
 // Places in the library below.
-enum Sample { kCu, kTin, kCorundum, kOlivine, kBaddeleyite, kKyanite, kMgO, kOdd };
+enum Sample { kCu, kTin, kCorundum, kOlivine, kCryolite, kKyanite, kMgO, kOdd };
 
 inline constexpr std::array<Cell6, 7> kCells{{{3.615, 3.615, 3.615, 90, 90, 90},
                                               {5.8316, 5.8316, 3.1815, 90, 90, 90},
                                               {4.7587, 4.7587, 12.9929, 90, 90, 120},
                                               {4.7535, 10.1943, 5.9807, 90, 90, 90},
-                                              {5.1505, 5.2116, 5.3173, 90, 99.23, 90},
+                                              {5.4024, 5.5959, 7.7564, 90, 90.278, 90},
                                               {7.1262, 7.852, 5.5724, 89.99, 101.11, 106.03},
                                               {4.2112, 4.2112, 4.2112, 90, 90, 90}}};
 
@@ -52,8 +52,8 @@ class PeakCalTest : public ProgramTest {
   }
 
   static std::string LibraryText(int count = 8) {
-    const char* heads[] = {"'Cu',0",          "'Tin',1",     "'Al2O3',2", "'Olivine',3",
-                           "'Baddeleyite',4", "'Kyanite',5", "'MgO',0",   "'Odd',9"};
+    const char* heads[] = {"'Cu',0",       "'Tin',1",     "'Al2O3',2", "'Olivine',3",
+                           "'Cryolite',4", "'Kyanite',5", "'MgO',0",   "'Odd',9"};
     std::string text;
     for (int line = 0; line < 10; ++line) text += "comment\n";
     text += std::to_string(count) + "\n";
@@ -101,6 +101,14 @@ class PeakCalTest : public ProgramTest {
       form.cmdExit.Press();
     });
     form.Open(view.GraphNo);
+  }
+  // The same with a sample chosen and its peaks in the spectrum.
+  void WorkOn(Sample sample, double scale, const std::function<void()>& work) {
+    AddLines(sample, scale);
+    Work([&, sample] {
+      Choose(sample);
+      work();
+    });
   }
   void Choose(Sample sample) { form.cmbElement.SetIndex(sample); }
   void Execute() { form.cmdCal.Press(); }

@@ -48,8 +48,8 @@ TEST_F(PeakCalSelectTest, OpensOnTheGraphOfItsRow) {
 
 TEST_F(PeakCalSelectTest, OffersTheCrystalsOfTheLibrary) {
   Work([&] {
-    EXPECT_THAT(form.cmbElement.Items(), ElementsAre("Cu", "Tin", "Al2O3", "Olivine", "Baddeleyite",
-                                                     "Kyanite", "MgO", "Odd"));
+    EXPECT_THAT(form.cmbElement.Items(),
+                ElementsAre("Cu", "Tin", "Al2O3", "Olivine", "Cryolite", "Kyanite", "MgO", "Odd"));
     EXPECT_EQ(form.cmbElement.Index(), -1);
   });
 }
@@ -203,7 +203,7 @@ TEST_F(PeakCalSelectTest, EachSystemOpensTheBoxesThatItNeedsAndClearsTheOthers) 
                     {kTin, {true, false, true, false, false, false}},
                     {kCorundum, {true, false, true, false, false, false}},
                     {kOlivine, {true, true, true, false, false, false}},
-                    {kBaddeleyite, {true, true, true, false, true, false}},
+                    {kCryolite, {true, true, true, false, true, false}},
                     {kKyanite, {true, true, true, true, true, true}}};
   Work([&] {
     for (const auto& row : rows) {
