@@ -46,6 +46,8 @@ class MonkeyRun {
         graphs(*program, outside.host),
         regions(*program, outside.host),
         keys(outside.host),
+        manual_fit(*program, outside.host),
+        fit_input(*program, outside.host),
         atom(*program, outside.host, elements, line_marks),
         message(outside.host),
         input(outside.host) {
@@ -55,6 +57,7 @@ class MonkeyRun {
     views.Add(regions);
     views.Add(atom);
     AttachForms(main, graphs, regions, log, keys);
+    AttachFitForms(main, *program, manual_fit, fit_input);
     AttachAtom(main, *program, atom);
     main.Ended.Connect([this] { ended = true; });
   }
@@ -68,6 +71,8 @@ class MonkeyRun {
   frmSelGraph graphs;
   frmRoiReport regions;
   frmKeys keys;
+  frmManualFit manual_fit;
+  frmInputFitParameter fit_input;
   frmAtom atom;
   frmDialogMessage message;
   frmInput input;

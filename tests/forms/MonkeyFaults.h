@@ -41,9 +41,22 @@ inline bool HoldsPeakInFrontOf1(const PeakTable& table) {
                      [](const PeakRec& peak) { return peak.Center <= 0.5; });
 }
 
+// A peak as it can be typed and no spectrum has one: without height or width, or wider than the
+// spectrum about its centre.
+inline bool HoldsPeakOfNoLine(const Workspace& workspace, int data_no) {
+  const PeakTable& table = workspace.Peaks[data_no];
+  const int last = workspace.Channels[data_no].Count - 1;
+  return std::any_of(
+      table.Peaks.begin(), table.Peaks.begin() + table.Count, [last](const PeakRec& peak) {
+        return !(peak.Height > 0) || !(peak.HalfWidth > 0) ||
+               peak.Center - 2 * peak.HalfWidth < 0 || peak.Center + 2 * peak.HalfWidth > last;
+      });
+}
+
 // Faults that pass to the user: a file that can't be opened to save, a peak or a count of a file
 // that no measurement gives, a smoothing that the parameter file has and the program hasn't, an
-// interval of the background that divides 8192 channels, borders of a peak in the first channel.
+// interval of the background that divides 8192 channels, borders of a peak in the first channel,
+// the fit and the borders of a typed peak that is no line.
 inline bool IsStated(const Program& program, const Happened& happened, const std::string& box) {
   const auto is = [&box](FaultCode code) { return box.starts_with(FaultText(code)); };
   if (is(FaultCode::FileNotFound) || is(FaultCode::FileFailed) || is(FaultCode::PermissionDenied)) {
@@ -51,12 +64,14 @@ inline bool IsStated(const Program& program, const Happened& happened, const std
   }
   const Workspace& workspace = program.workspace;
   if (is(FaultCode::Overflow)) return HoldsHuge(workspace, program.view.DataNo);
+  const bool no_line = HoldsPeakOfNoLine(workspace, program.view.DataNo);
+  if (is(FaultCode::DivisionByZero)) return no_line;
   if (!is(FaultCode::Subscript)) return false;
   const FitParamSet& settings = workspace.FitParam;
   const bool divides = settings.BackInterval > 0 && kMaxChannels % settings.BackInterval == 0;
   return settings.SmoothKind < 0 || settings.SmoothKind >= kSmoothKinds ||
          (divides && workspace.Channels[program.view.DataNo].Count == kMaxChannels) ||
-         HoldsPeakInFrontOf1(workspace.Peaks[program.view.DataNo]);
+         HoldsPeakInFrontOf1(workspace.Peaks[program.view.DataNo]) || no_line;
 }
 
 }  // namespace dorvane
