@@ -17,13 +17,12 @@ void CopyToDestination(Workspace& workspace, int source, int destination, std::i
   flags = ToInt16(flags | flag);
 }
 
-void SubtractBackground(Workspace& workspace, int source, int background, int difference) {
-  const auto& from = workspace.Channels[source];
-  const auto& back = workspace.Channels[background];
-  auto& to = workspace.Channels[difference];
+// The channels of `to` behind the last stored one of `from` stay.
+void SubtractBackground(const ChannelBlock& from, const ChannelBlock& background,
+                        ChannelBlock& to) {
   to.Count = from.Count;
   for (int i = 0; i < from.Count; ++i) {
-    const std::int64_t left = std::int64_t{from.Counts[i]} - back.Counts[i];
+    const std::int64_t left = std::int64_t{from.Counts[i]} - background.Counts[i];
     to.Counts[i] = Narrow<std::int32_t>(std::max<std::int64_t>(left, 0));
   }
 }
@@ -86,10 +85,16 @@ void BackGroundGraph(Program& program) {
   if (difference.data_no < 0) return;
   if (!reuse_difference) ++back.row;
 
-  CopyToDestination(workspace, source, back.data_no, FlagBackGraund);
-  ChannelBlock& background = workspace.Channels[back.data_no];
+  // Worked out aside: a fault leaves the curves that are there as they were.
+  ChannelBlock background = workspace.Channels[source];
   EstimateBackground(workspace.FitParam.BackInterval, workspace.FitParam.BackTimes,
                      background.Counts, background.Count, program.ports.dialogs);
+  ChannelBlock removed = workspace.Channels[difference.data_no];
+  const bool from_itself = source == back.data_no;
+  SubtractBackground(from_itself ? background : workspace.Channels[source], background, removed);
+
+  CopyToDestination(workspace, source, back.data_no, FlagBackGraund);
+  workspace.Channels[back.data_no] = background;
   SetGraph(list, GetRealWinNo(list), back.row, back.data_no, kTitleBackGraund);
 
   if (source != difference.data_no) {
@@ -97,7 +102,7 @@ void BackGroundGraph(Program& program) {
     workspace.Peaks[difference.data_no] = workspace.Peaks[source];
   }
   CopyToDestination(workspace, difference.data_no, difference.data_no, FlagBackRemv);
-  SubtractBackground(workspace, source, back.data_no, difference.data_no);
+  workspace.Channels[difference.data_no] = removed;
   SetGraph(list, GetRealWinNo(list), difference.row, difference.data_no, kTitleBackRemv);
   ShowRow(program, program.view.GraphNo);
 }

@@ -46,13 +46,14 @@ void NaxRemvToGraph(Program& program, int source, int background, int destinatio
   Workspace& workspace = program.workspace;
   const ChannelBlock& from = workspace.Channels[source];
   const ChannelBlock& back = workspace.Channels[background];
-  ChannelBlock& to = workspace.Channels[destination];
+  ChannelBlock to = workspace.Channels[destination];  // aside: a fault leaves the curve as it was
   for (int i = 0; i < CoveredChannels(to); ++i) {
     // KEPT: a difference below 0 stays; only the background command cuts it.
     to.Counts[i] = back.Counts[i] > 0
                        ? Narrow<std::int32_t>(std::int64_t{from.Counts[i]} - back.Counts[i])
                        : 0;
   }
+  workspace.Channels[destination] = to;
   ShowAs(program, RowToShowIn(workspace, destination), destination, kTitleBackRemv);
 }
 

@@ -116,8 +116,9 @@ bool FitAndClean(Program& program, int win_no, const PeaksInRange& range) {
     if (program.ports.progress.Cancelled()) return false;
     const int index = range.first + i;
     PeakRec& peak = workspace.Peaks[data_no].Peaks[index];
-    program.Listener().PeakUnmarked(win_no, data_no, peak);
+    const PeakRec before = peak;
     accepted.push_back(FitOnePeak(program, data_no, index, type, CoefficientCount(type)).accepted);
+    program.Listener().PeakUnmarked(win_no, data_no, before);
     PeakAreaCalc(workspace, data_no, index);
     program.Listener().PeakMarked(win_no, data_no, peak);
   }

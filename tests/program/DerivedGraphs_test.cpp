@@ -239,5 +239,44 @@ TEST_F(DerivedGraphsTest, AnIntervalThatDividesTheLastChannelCountFaults) {
   EXPECT_THROW(BackGroundGraph(program), Fault);
 }
 
+// ---- faults: counts that no measurement gives
+
+class FaultOfTheBackgroundTest : public DerivedGraphsTest {
+ protected:
+  void ExpectCurvesOfTheFirstRun(std::size_t channels) const {
+    EXPECT_EQ(CountsOf(Row(1).DataNo), std::vector<std::int32_t>(channels, 50));
+    EXPECT_EQ(CountsOf(Row(0).DataNo), std::vector<std::int32_t>(channels, 0));
+  }
+};
+
+TEST_F(FaultOfTheBackgroundTest, ADifferenceThatOverflowsLeavesBothCurves) {
+  const auto raw = Show(std::vector<std::int32_t>(110, 50));
+  BackGroundGraph(program);
+  workspace.Channels[raw].Counts.fill(-1000000000);
+  workspace.Channels[raw].Counts[30] = 2147483647;
+  EXPECT_THROW(BackGroundGraph(program), Fault);
+  ExpectCurvesOfTheFirstRun(110);
+}
+
+TEST_F(FaultOfTheBackgroundTest, AGridThatLeavesTheTableLeavesBothCurves) {
+  const auto raw = Show(std::vector<std::int32_t>(8192, 50));
+  BackGroundGraph(program);
+  workspace.Channels[raw].Counts.fill(70);
+  workspace.FitParam.BackInterval = 16;
+  EXPECT_THROW(BackGroundGraph(program), Fault);
+  ExpectCurvesOfTheFirstRun(8192);
+}
+
+TEST_F(DerivedGraphsTest, ABackgroundOfTheBackgroundItselfLeavesNoDifference) {
+  Show({10, 10, 10, 10, 10, 10, 90, 10, 10});
+  workspace.FitParam.BackInterval = 2;
+  BackGroundGraph(program);
+  workspace.Channels[Row(1).DataNo].Counts[4] = 500;
+  Change_cboGrphSel(list, 0, 1);
+  BackGroundGraph(program);
+  EXPECT_THAT(CountsOf(Row(1).DataNo), testing::Each(10));
+  EXPECT_THAT(CountsOf(Row(0).DataNo), testing::Each(0));
+}
+
 }  // namespace
 }  // namespace dorvane

@@ -74,11 +74,12 @@ TEST_F(FitGraphsTest, ADifferenceBelowZeroStaysAsMeant) {
   EXPECT_EQ(CountsOf(2), Counts{-30});
 }
 
-TEST_F(FitGraphsTest, ADifferenceThatIsNoCountIsAFault) {
-  Show({-2147483647}, "source");
-  Show({2147483647}, "back");
-  Show({9}, "removed");
+TEST_F(FitGraphsTest, ADifferenceThatIsNoCountIsAFaultAndLeavesTheCurve) {
+  Show({10, -2147483647}, "source");
+  Show({3, 2147483647}, "back");
+  Show({9, 9}, "removed");
   EXPECT_THROW(NaxRemvToGraph(program, 0, 1, 2), Fault);
+  EXPECT_EQ(CountsOf(2), (Counts{9, 9}));
 }
 
 TEST_F(FitGraphsTest, ChannelsAbove4095KeepTheirDifference) {

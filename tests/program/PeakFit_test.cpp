@@ -373,5 +373,15 @@ TEST_F(PeakFitTest, DeletingPeaksMakesNoFitOfAnEmptyFirstRow) {
   EXPECT_THAT(Titles(), ElementsAre("b.npd"));
 }
 
+// 500 channels and four coefficients are more rows than the residuals have.
+TEST_F(PeakFitTest, APeakWhoseFitFaultsKeepsItsMark) {
+  const auto data_no = Show(Spectrum(600, 100, {{20000, 300, 60}}));
+  list.listener.PeakMarked(0, data_no, Enter(data_no, {19000, 300, 55}, 50, 549));
+  SetArea(program, 200, 400);
+  EXPECT_THROW(FitPeak(program, 0), Fault);
+  EXPECT_THAT(program.spect.PeakLinesOf(0).Channels(), ElementsAre(300));
+  EXPECT_EQ(view.Pointer, kPointerNormal);
+}
+
 }  // namespace
 }  // namespace dorvane
