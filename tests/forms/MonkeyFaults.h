@@ -4,10 +4,14 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "forms/MonkeyPorts.h"
 #include "processing/Calc.h"
+#include "program/PeakFit.h"
 #include "program/Program.h"
 #include "support/Fault.h"
 
@@ -53,17 +57,50 @@ inline bool HoldsPeakOfNoLine(const Workspace& workspace, int data_no) {
       });
 }
 
+class NoDialogs : public Dialogs {
+ public:
+  void Message(std::string_view) override {}
+  void CaptionedMessage(std::string_view, std::string_view) override {}
+  bool AskYesNo(const Question&) override { return false; }
+  std::optional<FilesChoice> ChooseFilesToOpen(const FileRequest&) override { return {}; }
+  std::optional<FileChoice> ChooseFileToSave(const FileRequest&) override { return {}; }
+  std::optional<Color> ChooseColor(Color) override { return {}; }
+};
+
+// Whether a peak of the spectrum is such that its fit faults, which has left it as it was: it is
+// fitted anew in a program of its own.
+inline bool HoldsPeakWhoseFitFaults(const Program& program) {
+  const Workspace& workspace = program.workspace;
+  const std::int16_t data_no = program.view.DataNo;
+  const std::int16_t type = workspace.FitParam.FuncType;
+  NoDialogs dialogs;
+  const Ports& ports = program.ports;
+  const auto other = std::make_unique<Program>(
+      Ports{dialogs, ports.files, ports.log, ports.progress, ports.listener}, "");
+  other->workspace = workspace;
+  for (int i = 0; i < workspace.Peaks[data_no].Count; ++i) {
+    try {
+      FitOnePeak(*other, data_no, i, type, ToInt16(type == kMix ? 5 : 4));
+    } catch (const Fault&) {
+      return true;
+    }
+  }
+  return false;
+}
+
 // Faults that pass to the user: a file that can't be opened to save, a peak or a count of a file
-// that no measurement gives, a smoothing that the parameter file has and the program hasn't, an
-// interval of the background that divides 8192 channels, borders of a peak in the first channel,
-// the fit and the borders of a typed peak that is no line.
+// that no measurement gives, a peak whose fit faults, a smoothing that the parameter file has and
+// the program hasn't, an interval of the background that divides 8192 channels, borders of a peak
+// in the first channel, the fit and the borders of a typed peak that is no line.
 inline bool IsStated(const Program& program, const Happened& happened, const std::string& box) {
   const auto is = [&box](FaultCode code) { return box.starts_with(FaultText(code)); };
   if (is(FaultCode::FileNotFound) || is(FaultCode::FileFailed) || is(FaultCode::PermissionDenied)) {
     return happened.saving;
   }
   const Workspace& workspace = program.workspace;
-  if (is(FaultCode::Overflow)) return HoldsHuge(workspace, program.view.DataNo);
+  if (is(FaultCode::Overflow)) {
+    return HoldsHuge(workspace, program.view.DataNo) || HoldsPeakWhoseFitFaults(program);
+  }
   const bool no_line = HoldsPeakOfNoLine(workspace, program.view.DataNo);
   if (is(FaultCode::DivisionByZero)) return no_line;
   if (!is(FaultCode::Subscript)) return false;
