@@ -1,6 +1,7 @@
 #include "program/NaxFitting.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "fitting/NaxScan.h"
 #include "processing/PeakOpe.h"
@@ -8,6 +9,23 @@
 #include "program/PeakFit.h"
 
 namespace dorvane {
+namespace {
+
+// An end of a scan that no box tells.
+std::string_view LineOf(ScanEnd end) {
+  switch (end) {
+    case ScanEnd::TooManyPoints:
+      return "SCAN ENDED EARLY: A GROUP OF PEAKS OVER MORE THAN 500 CHANNELS";
+    case ScanEnd::TooManyResults:
+      return "MORE THAN 100 PEAKS: NONE IS STORED, TRY A GREATER BG COEFFICIENT";
+    case ScanEnd::Complete:
+    case ScanEnd::Stopped:
+      break;
+  }
+  return {};
+}
+
+}  // namespace
 
 void NaxFitting(Program& program, int win_no, int data_no) {
   Workspace& workspace = program.workspace;
@@ -22,6 +40,7 @@ void NaxFitting(Program& program, int win_no, int data_no) {
     program.ports.dialogs.Message("Failed to fit");
     return;
   }
+  if (const auto line = LineOf(result.end); !line.empty()) program.ports.log.PutLog(line);
   workspace.FitBack.fill(0);
   PeakClear(program.List(), win_no, row);
   if (result.peaks.empty()) program.ports.dialogs.Message("NO PEAKS ARE FOUND");

@@ -11,7 +11,8 @@ namespace dorvane {
 
 // NaxAllFit: scans a spectrum of the list, channels 1..4096 of it, by the settings PeakWidthCh and
 // BgCoef. The peaks found replace those of its table, FitBack is written anew, and the curve "Fit"
-// is made. No peak found is told by the box "NO PEAKS ARE FOUND". Stopped by the user, it leaves
+// is made. No peak found is told by the box "NO PEAKS ARE FOUND", more peaks than the table holds
+// and a scan that a long group has ended early by a line in the log. Stopped by the user, it leaves
 // all tables as they were, with the box "Failed to fit". A spectrum without a row in the list:
 // nothing. Throws Fault(Overflow) for a PeakWidthCh that is no 16-bit number, and
 // Fault(DivisionByZero) where a negative BgCoef takes a straight line for a peak; the tables are

@@ -107,6 +107,26 @@ TEST_F(NaxFittingTest, MoreThan100PeaksAreNotStored) {
   NaxFitting(program, 0, data_no);
   EXPECT_EQ(Table(data_no).Count, 0);
   EXPECT_THAT(Titles(), ElementsAre("a.npd"));
+  EXPECT_THAT(log.lines,
+              ElementsAre("MORE THAN 100 PEAKS: NONE IS STORED, TRY A GREATER BG COEFFICIENT"));
+}
+
+// Two groups, of which the second is never closed: with the peak at 200 it fills the buffer.
+TEST_F(NaxFittingTest, AGroupThatFillsTheBufferIsToldInTheLogAndThePeaksBeforeItStay) {
+  std::vector<Line> lines{{5000, 200, 6}};
+  for (int i = 0; i < 60; ++i) lines.push_back({5000, 400.0 + 90 * i, 6});
+  const auto data_no = Show(Spectrum(4096, 200, lines));
+  workspace.Settings.PeakWidthCh = 120;
+  NaxFitting(program, 0, data_no);
+  EXPECT_EQ(Table(data_no).Count, 1);
+  EXPECT_THAT(log.lines,
+              ElementsAre("SCAN ENDED EARLY: A GROUP OF PEAKS OVER MORE THAN 500 CHANNELS"));
+}
+
+TEST_F(NaxFittingTest, AWholeScanWritesNothingToTheLog) {
+  const auto data_no = Show(Spectrum(600, 200, {{5000, 150, 6}}));
+  NaxFitting(program, 0, data_no);
+  EXPECT_TRUE(log.lines.empty());
 }
 
 // ---- stopped, and faults
