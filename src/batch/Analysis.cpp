@@ -116,7 +116,9 @@ void AnalysisRun::Prepare() {
 void AnalysisRun::FitByScan() {
   const GraphList list = program_->List();
   const int win_no = GetRealWinNo(list);
+  ports_.log.lines.clear();
   NaxFitting(*program_, win_no, data_no_);
+  for (const std::string& line : ports_.log.lines) ports_.dialogs.Message(line);
   if (result_.channels > kMaxScanChannels) {
     ports_.dialogs.Message("channels above " + std::to_string(kMaxScanChannels) +
                            " are not scanned; --engine express reaches them");

@@ -25,9 +25,12 @@ class CollectingDialogs : public Dialogs {
   bool says_yes_;
 };
 
-class SilentLog : public LogSink {
+// Keeps every line.
+class CollectingLog : public LogSink {
  public:
-  void PutLog(std::string_view) override {}
+  void PutLog(std::string_view text) override { lines.emplace_back(text); }
+
+  std::vector<std::string> lines;
 };
 
 class SilentProgress : public Progress {
@@ -39,7 +42,7 @@ class SilentProgress : public Progress {
 // One set for one program.
 struct BatchPorts {
   CollectingDialogs dialogs;
-  SilentLog log;
+  CollectingLog log;
   SilentProgress progress;
   WorkspaceListener listener;
 

@@ -135,6 +135,12 @@ TEST_F(AnalyseTest, ThePeakWidthChangesTheGroups) {
   EXPECT_NE(narrow.out, wide.out);
 }
 
+TEST_F(AnalyseTest, AScanThatALongGroupEndsEarlyIsTold) {
+  const BatchRun run =
+      Analyse({"samples/corundum_ambient.npd", "--peak-width", "250", "--format", "json"});
+  EXPECT_THAT(json::parse(run.out)[0]["notes"].dump(), HasSubstr("SCAN ENDED EARLY"));
+}
+
 TEST_F(AnalyseTest, ChannelsBeyondTheScanAreTold) {
   Run({"simulate", "--crystal", "Si", "--channels", "8192", "--egc", "0,0.016,0", "--out",
        "long.npd"});
