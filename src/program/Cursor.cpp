@@ -89,8 +89,9 @@ void PeakJump(Program& program, int direction) {
   const int at = PeakFindAt(program.workspace, data_no, program.view.CursorCh);
   if (at < 0) return;
   const PeakRec& peak = table.Peaks[at];
+  const double last = program.workspace.MaxCh;
   SetArea(program, RoundToInt16(std::max(peak.Center - 2 * peak.HalfWidth, 0.0)),
-          RoundToInt16(2 * peak.HalfWidth + peak.Center));
+          RoundToInt16(std::min(2 * peak.HalfWidth + peak.Center, last)));
 }
 
 double CsrChannel(Program& program) {

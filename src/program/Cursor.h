@@ -25,7 +25,7 @@ void SetArea(Program& program, int start, int end);
 void ClearArea(Program& program);
 
 // Goes to the next peak of the current graph: direction 0 left, 1 right. With the area cursor on,
-// the area becomes Center +- 2*HalfWidth of the peak under the cursor.
+// the area becomes Center +- 2*HalfWidth of the peak under the cursor, within 0..MaxCh.
 void PeakJump(Program& program, int direction);
 
 // The cursor jumps to the peak of the current graph whose centre is nearest to it, the left one of

@@ -430,6 +430,17 @@ TEST_F(CursorTest, TheAreaAboutAPeakBeginsAtChannelZero) {
   EXPECT_EQ(view.AreaEnd, 13);
 }
 
+TEST_F(CursorTest, TheAreaAboutAPeakEndsWithTheChannels) {
+  const auto data_no = Show(std::vector<std::int32_t>(500, 1));
+  workspace.Peaks[data_no].Count = 1;
+  workspace.Peaks[data_no].Peaks[0].Center = 450;
+  workspace.Peaks[data_no].Peaks[0].HalfWidth = 20000;
+  view.AreaOn = kTrue;
+  PeakJump(program, 1);
+  EXPECT_EQ(view.AreaStart, 0);
+  EXPECT_EQ(view.AreaEnd, workspace.MaxCh);
+}
+
 TEST_F(CursorTest, TheEndsOfAnAreaComeInAnyOrder) {
   SetArea(program, 90, 20);
   EXPECT_EQ(view.AreaStart, 20);
