@@ -230,15 +230,19 @@ void FitPeak(Program& program, int win_no) {
     InsertPeaks(program, win_no, program.view.GraphNo, area);
     range = PeaksOf(program, area);
   }
+  if (range.count == 0 && !area.valid) return;
+  // The background of a scan belongs to the fit before this one, also where no peak is found.
+  const FitBackTable back = workspace.FitBack;
+  workspace.FitBack.fill(0);
   if (range.count == 0) return;
 
   const WaitPointer pointer(program);
   const GraphList list = program.List();
   if (!FitAndClean(program, win_no, range)) {
     TakeBack(list, win_no, source, range, before, entered);
+    workspace.FitBack = back;
     return;
   }
-  workspace.FitBack.fill(0);
   MakeFitGraph(program, source);
 }
 

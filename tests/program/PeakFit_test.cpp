@@ -277,6 +277,28 @@ TEST_F(PeakFitTest, ACancelledFitLeavesTheTableAsItWas) {
   EXPECT_EQ(view.Pointer, kPointerNormal);
 }
 
+TEST_F(PeakFitTest, ABackgroundOfAScanGoesAlsoWhereAnAreaHoldsNoPeak) {
+  Show(std::vector<std::int32_t>(300, 100));
+  workspace.FitBack[150] = 90;
+  view.CursorCh = 150;
+  FitPeak(program, 0);
+  EXPECT_EQ(workspace.FitBack[150], 90);
+  SetArea(program, 50, 250);
+  FitPeak(program, 0);
+  EXPECT_EQ(workspace.FitBack[150], 0);
+}
+
+TEST_F(PeakFitTest, ACancelledFitKeepsTheBackgroundOfTheScanBefore) {
+  const auto data_no = Show(Spectrum(400, 50, {{10000, 100, 6}, {10000, 200, 6}}));
+  Enter(data_no, {9500, 100, 6}, 80, 120);
+  Enter(data_no, {9500, 200, 6}, 180, 220);
+  workspace.FitBack[150] = 90;
+  progress.cancel_after = 1;
+  SetArea(program, 0, 399);
+  FitPeak(program, 0);
+  EXPECT_EQ(workspace.FitBack[150], 90);
+}
+
 TEST_F(PeakFitTest, FindingPeaksAnewReplacesThoseOfTheArea) {
   const auto data_no = Show(Spectrum(600, 100, {{20000, 150, 6}, {20000, 450, 6}}));
   Enter(data_no, {5, 160, 3}, 150, 170);
