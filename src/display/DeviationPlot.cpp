@@ -20,7 +20,7 @@ constexpr double kLeastRange = 1e-5;  // angstrom on either side of the zero lin
 constexpr double kRoom = 1.15;        // of the axes beyond the outermost point
 constexpr double kSqueeze =
     4;  // times the others' largest that an excluded point may set the scale
-constexpr int kDivisionsAbove = 2;
+constexpr int kDivisionsAbove = 3;
 constexpr int kMostDivisions = 8;
 
 struct Range {
@@ -98,7 +98,7 @@ class Plot {
     left_ = kGap + surface_.TextWidth("-" + Picture(y_.high, y_picture_)) + kGap;
     right_ = width_ - 2 * kGap;
     top_ = kGap + surface_.TextHeight() + kGap;
-    bottom_ = height_ - surface_.TextHeight() - kGap;
+    bottom_ = height_ - surface_.TextHeight() - 2 * kGap;
     x_ = DRange(series_, right_ - left_);
   }
 
@@ -108,7 +108,9 @@ class Plot {
                        [](const DeviationSeries& series) { return !series.points.empty(); });
   }
 
-  void Axes(bool with_d) const {
+  void ZeroLine() const { Line({kGap, Y(0)}, {right_, Y(0)}, colors_.axis); }
+
+  void Axes() const {
     for (const double tick : Ticks(y_)) {
       const double y = Y(tick);
       Line({left_, y}, {right_, y}, tick == 0 ? colors_.axis : colors_.grid);
@@ -117,17 +119,17 @@ class Plot {
                     colors_.axis);
     }
     Line({left_, top_}, {left_, bottom_}, colors_.axis);
-    if (!with_d) return;
+    Line({left_, bottom_}, {right_, bottom_}, colors_.grid);
     const std::string picture = PictureFor(x_.step);
     const double unit_left = right_ - surface_.TextWidth(kDUnit);
-    surface_.Text({unit_left, bottom_}, kDUnit, colors_.axis);
+    surface_.Text({unit_left, bottom_ + kGap}, kDUnit, colors_.axis);
     for (const double tick : Ticks(x_)) {
       const double x = X(tick);
-      Line({x, bottom_ - kHalfPoint}, {x, bottom_}, colors_.axis);
+      Line({x, bottom_}, {x, bottom_ + kHalfPoint}, colors_.axis);
       const std::string text = Picture(tick, picture);
       const double width = surface_.TextWidth(text);
       if (x + width / 2 + kGap > unit_left) continue;
-      surface_.Text({x - width / 2, bottom_}, text, colors_.axis);
+      surface_.Text({x - width / 2, bottom_ + kGap}, text, colors_.axis);
     }
   }
 
@@ -148,7 +150,8 @@ class Plot {
   void Points() const {
     for (std::size_t i = 0; i < series_.size(); ++i) {
       for (const DeviationPoint& point : series_[i].points) {
-        Mark(i, {X(point.d), std::clamp(Y(point.deviation), top_, bottom_)},
+        Mark(i,
+             {X(point.d), std::clamp(Y(point.deviation), top_ + kHalfPoint, bottom_ - kHalfPoint)},
              point.excluded ? colors_.excluded : series_[i].color);
       }
     }
@@ -201,14 +204,14 @@ void DrawDeviationPlot(Surface& surface, std::span<const DeviationSeries> series
                        const DeviationColors& colors, const char* hint) {
   Plot plot(surface, series, colors);
   if (!plot.HasRoom()) return;
-  const bool any = plot.HasPoints();
-  plot.Axes(any);
-  if (any) {
-    plot.Legend();
-    plot.Points();
-  } else {
+  if (!plot.HasPoints()) {
+    plot.ZeroLine();
     plot.Hint(hint);
+    return;
   }
+  plot.Axes();
+  plot.Legend();
+  plot.Points();
 }
 
 }  // namespace dorvane

@@ -28,8 +28,8 @@ struct DeviationColors {
 };
 
 // Clears the surface and draws d to the right, deviations upwards on a scale that is the same on
-// both sides of the zero line, with round steps. Without points the axes alone, and `hint` in their
-// middle. Of an excluded point the scale takes no notice where it would squeeze the others to less
+// both sides of the zero line, with round steps. Without points the zero line alone, and `hint`
+// over it. Of an excluded point the scale takes no notice where it would squeeze the others to less
 // than a quarter of the height; it then stands at the edge.
 void DrawDeviationPlot(Surface& surface, std::span<const DeviationSeries> series,
                        const DeviationColors& colors, const char* hint);

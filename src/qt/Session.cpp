@@ -47,6 +47,7 @@ Session::Session(const Places& places, SettingsStore& settings)
       manual_fit(program, host),
       fit_input(program, host),
       atom(program, host, element_table, line_marks),
+      lattice(program, host, settings, line_marks),
       form_views(host, IconOf),
       places_(places),
       settings_(settings) {
@@ -59,6 +60,7 @@ Session::Session(const Places& places, SettingsStore& settings)
   AttachForms(main, graph_select, roi_report, log, keys);
   AttachFitForms(main, program, manual_fit, fit_input);
   AttachAtom(main, program, atom);
+  AttachLattice(main, program, lattice);
   AddViews();
   FormWindow* window = form_views.WindowOf(main);
   dialogs.SetParent(window);
@@ -86,6 +88,7 @@ void Session::AddViews() {
   add(fit_input);
   add(atom);
   add(atom.element);
+  add(lattice);
 }
 
 void Session::ConnectStatus() {

@@ -13,6 +13,7 @@
 #include "forms/frmKeys.h"
 #include "forms/frmLog.h"
 #include "forms/frmManualFit.h"
+#include "forms/frmPeakCal.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
 #include "program/LineMarks.h"
@@ -64,6 +65,7 @@ class Session : public QObject {
   frmManualFit manual_fit;
   frmInputFitParameter fit_input;
   frmAtom atom;
+  frmPeakCal lattice;
   FormViews form_views;  // goes first: the windows are above the forms
 
  signals:

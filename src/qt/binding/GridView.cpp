@@ -1,16 +1,20 @@
 #include "qt/binding/GridView.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QScrollBar>
 
 #include "qt/binding/GridDelegate.h"
 #include "qt/binding/GridModel.h"
 #include "qt/binding/Mirror.h"
 #include "qt/binding/TabularFont.h"
+#include "qt/binding/Text.h"
 
 namespace dorvane {
 
@@ -33,11 +37,12 @@ GridView::GridView(Grid& grid, QWidget* parent)
   SetColumnWidths({});
   AddCopyActions();
   connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) {
-    grid_.PressCell(index.row() + 1, index.column() + 1);
+    grid_.PressCell(GridRowOf(index), index.column() + 1);
   });
   connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
-    grid_.DoublePressCell(index.row() + 1, index.column() + 1);
+    grid_.DoublePressCell(GridRowOf(index), index.column() + 1);
   });
+  ShowCorner();
   Mirror(grid, this, [this] { Follow(); });
 }
 
@@ -45,9 +50,9 @@ void GridView::Follow() {
   following_ = true;
   model_->Follow();
   verticalHeader()->setVisible(model_->HasRowTitles());
-  if (currentIndex().row() + 1 != grid_.ActiveRow()) {
+  if (GridRowOf(currentIndex()) != grid_.ActiveRow()) {
     const QModelIndex active =
-        model_->index(grid_.ActiveRow() - 1, std::max(currentIndex().column(), 0));
+        model_->index(model_->RowOfGrid(grid_.ActiveRow()), std::max(currentIndex().column(), 0));
     if (active.isValid()) setCurrentIndex(active);
   }
   following_ = false;
@@ -75,6 +80,28 @@ void GridView::SetLeastRows(int rows) {
   setMinimumWidth(horizontalHeader()->length() + bar + 2 * frameWidth());
 }
 
+void GridView::SetSortable() {
+  horizontalHeader()->setSortIndicatorClearable(true);
+  horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  setSortingEnabled(true);
+}
+
+int GridView::GridRowOf(const QModelIndex& index) const {
+  return model_->GridRow(index.row());
+}
+
+// The caption of the grid stands above its row titles.
+void GridView::ShowCorner() {
+  if (grid_.Caption().empty()) return;
+  auto* corner = findChild<QAbstractButton*>(QString(), Qt::FindDirectChildrenOnly);
+  if (corner == nullptr) return;
+  auto* caption = new QLabel(ToQString(grid_.Caption()), corner);
+  auto* row = new QHBoxLayout(corner);
+  row->setContentsMargins(kCellPadding / 2, 0, 0, 0);
+  row->addWidget(caption);
+  verticalHeader()->setMinimumWidth(caption->sizeHint().width() + kCellPadding);
+}
+
 void GridView::AddCopyActions() {
   auto* copy = new QAction("&Copy", this);
   copy->setShortcut(QKeySequence::Copy);
@@ -99,12 +126,18 @@ void GridView::Copy() const {
     left = std::min(left, range.left());
     right = std::max(right, range.right());
   }
-  QApplication::clipboard()->setText(GridText(grid_, top, bottom, left, right));
+  QApplication::clipboard()->setText(TextOf(top, bottom, left, right));
+}
+
+QString GridView::TextOf(int top, int bottom, int left, int right) const {
+  std::vector<int> rows;
+  for (int row = top; row <= bottom; ++row) rows.push_back(model_->GridRow(row));
+  return GridText(grid_, rows, left, right);
 }
 
 void GridView::CopyAll() const {
-  const QString text = GridText(grid_, 0, model_->rowCount() - 1, 0, model_->columnCount() - 1);
-  QApplication::clipboard()->setText(text);
+  QApplication::clipboard()->setText(
+      TextOf(0, model_->rowCount() - 1, 0, model_->columnCount() - 1));
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
@@ -114,15 +147,15 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   if (!enter || !current.isValid()) {
     QTableView::keyPressEvent(event);
   } else if (event->modifiers().testFlag(Qt::ControlModifier)) {
-    grid_.DoublePressCell(current.row() + 1, current.column() + 1);
+    grid_.DoublePressCell(GridRowOf(current), current.column() + 1);
   } else {
-    grid_.PressCell(current.row() + 1, current.column() + 1);
+    grid_.PressCell(GridRowOf(current), current.column() + 1);
   }
 }
 
 void GridView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
-  if (!following_ && current.isValid()) grid_.SetActiveRow(current.row() + 1);
+  if (!following_ && current.isValid()) grid_.SetActiveRow(GridRowOf(current));
 }
 
 }  // namespace dorvane

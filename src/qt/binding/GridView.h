@@ -24,6 +24,10 @@ class GridView : public QTableView {
   void SetTextColumn(int column);
   // Rows that are in sight at the least; columns all.
   void SetLeastRows(int rows);
+  // A click on a heading sorts what is seen by its column: up, down, and as in the grid again. Rows
+  // of the grid keep their numbers.
+  void SetSortable();
+  // Rows selected, as they are seen.
   void Copy() const;
   void CopyAll() const;
 
@@ -33,7 +37,10 @@ class GridView : public QTableView {
 
  private:
   void Follow();
+  void ShowCorner();
   void AddCopyActions();
+  QString TextOf(int top, int bottom, int left, int right) const;
+  int GridRowOf(const QModelIndex& index) const;
 
   Grid& grid_;
   GridModel* model_;

@@ -14,6 +14,7 @@ class frmInputFitParameter;
 class frmKeys;
 class frmLog;
 class frmManualFit;
+class frmPeakCal;
 class frmRoiReport;
 class frmSelGraph;
 
@@ -29,6 +30,7 @@ void LayOut(frmInputFitParameter& form, FormWindow& window);
 void LayOut(frmKeys& form, FormWindow& window);
 void LayOut(frmLog& form, FormWindow& window);
 void LayOut(frmManualFit& form, FormWindow& window);
+void LayOut(frmPeakCal& form, FormWindow& window);
 void LayOut(frmRoiReport& form, FormWindow& window);
 void LayOut(frmSelGraph& form, FormWindow& window);
 

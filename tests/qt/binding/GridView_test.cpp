@@ -182,6 +182,78 @@ TEST_F(GridViewTest, ColourCellIsPaintedInItsColour) {
   EXPECT_EQ(image.pixelColor(cell.left() + 6, cell.center().y()), QColor(0x00, 0x72, 0xB2));
 }
 
+class SortedGridTest : public GridViewTest {
+ protected:
+  // Column 3 of the three rows holds 9, 10 and no number.
+  void SetUp() override {
+    GridViewTest::SetUp();
+    view->SetSortable();
+    for (int row = 1; row <= 3; ++row) form.grdPeaks.SetRowTitle(row, std::to_string(row));
+    form.grdPeaks.SetText(1, 3, "10");
+    form.grdPeaks.SetText(2, 3, "9");
+    form.grdPeaks.SetText(3, 3, "n.a.");
+  }
+  void Sort(Qt::SortOrder order) { view->sortByColumn(2, order); }
+  std::vector<std::string> Titles() {
+    std::vector<std::string> titles;
+    for (int row = 0; row < view->model()->rowCount(); ++row) {
+      titles.push_back(view->model()->headerData(row, Qt::Vertical).toString().toStdString());
+    }
+    return titles;
+  }
+  using Names = std::vector<std::string>;
+};
+
+TEST_F(SortedGridTest, RowsStandAsInTheGridAtFirst) {
+  EXPECT_EQ(Titles(), (Names{"1", "2", "3"}));
+}
+
+TEST_F(SortedGridTest, NumbersSortByTheirValueBeforeTexts) {
+  Sort(Qt::AscendingOrder);
+  EXPECT_EQ(Titles(), (Names{"2", "1", "3"}));
+  EXPECT_EQ(Index(1, 3).data(), "9");
+  Sort(Qt::DescendingOrder);
+  EXPECT_EQ(Titles(), (Names{"3", "1", "2"}));
+}
+
+TEST_F(SortedGridTest, WithoutASortColumnTheOrderIsThatOfTheGridAgain) {
+  Sort(Qt::AscendingOrder);
+  view->sortByColumn(-1, Qt::AscendingOrder);
+  EXPECT_EQ(Titles(), (Names{"1", "2", "3"}));
+}
+
+TEST_F(SortedGridTest, ClickTellsTheRowOfTheGrid) {
+  Sort(Qt::AscendingOrder);
+  Record(form.grdPeaks.Click);
+  Click(1, 3);
+  EXPECT_EQ(heard, (Places{{2, 3}}));
+  EXPECT_EQ(form.grdPeaks.ActiveRow(), 2);
+}
+
+TEST_F(SortedGridTest, NewTextsOfTheColumnSortAnew) {
+  Sort(Qt::AscendingOrder);
+  form.grdPeaks.SetText(3, 3, "1");
+  EXPECT_EQ(Titles(), (Names{"3", "2", "1"}));
+}
+
+TEST_F(SortedGridTest, RowsThatComeAreSortedToo) {
+  Sort(Qt::AscendingOrder);
+  form.grdPeaks.SetMaxRows(4);
+  form.grdPeaks.SetRowTitle(4, "4");
+  form.grdPeaks.SetText(4, 3, "1");
+  EXPECT_EQ(Titles(), (Names{"4", "2", "1", "3"}));
+  form.grdPeaks.SetMaxRows(1);
+  EXPECT_EQ(Titles(), (Names{"1"}));
+}
+
+TEST_F(SortedGridTest, CopiesInTheOrderThatIsSeen) {
+  Sort(Qt::AscendingOrder);
+  view->CopyAll();
+  const QStringList lines = QApplication::clipboard()->text().split('\n');
+  EXPECT_TRUE(lines[1].startsWith("2\t"));
+  EXPECT_TRUE(lines[2].startsWith("1\t"));
+}
+
 TEST_F(GridViewTest, WidthsStayWhenCellsChange) {
   const int width = view->columnWidth(2);
   form.grdPeaks.SetText(1, 3, "123456789012345678901234567890");
