@@ -82,7 +82,7 @@ void FormWindow::SetDefaultButton(const Button& button) {
   if (auto* widget = As<QPushButton>(button)) widget->setDefault(true);
 }
 
-void FormWindow::SetCancelButton(const Button& button) {
+void FormWindow::SetCancelButton(Button& button) {
   cancel_button_ = &button;
 }
 
@@ -108,6 +108,8 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
     QMainWindow::keyPressEvent(event);
   } else if (!isVisible()) {
     return;  // the focused widget has used the key to hide the form
+  } else if (escape && button->Visible()) {
+    if (button->Enabled()) cancel_button_->Press();
   } else if (button->Visible()) {
     As<QPushButton>(*button)->click();
   } else if (escape) {

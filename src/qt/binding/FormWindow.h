@@ -50,7 +50,8 @@ class FormWindow : public QMainWindow {
   // Has the focus, its text selected, each time the window comes up.
   void SetFirstFocus(const Control& control) { first_focus_ = Of(control); }
   void SetDefaultButton(const Button& button);
-  void SetCancelButton(const Button& button);
+  // Escape presses it even where a box refuses to be left, as closing the window does.
+  void SetCancelButton(Button& button);
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -65,7 +66,7 @@ class FormWindow : public QMainWindow {
   std::map<const Control*, QObject*> objects_;
   QWidget* first_focus_ = nullptr;
   const Button* default_button_ = nullptr;
-  const Button* cancel_button_ = nullptr;
+  Button* cancel_button_ = nullptr;
 };
 
 }  // namespace dorvane

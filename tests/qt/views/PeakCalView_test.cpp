@@ -82,6 +82,8 @@ TEST_F(PeakCalViewTest, SeedIsTakenWhenItsBoxIsLeft) {
     TypeOver(box, "x");
     QTest::keyClick(box, Qt::Key_Tab);
     EXPECT_TRUE(box->hasFocus());
+    QTest::keyClick(box, Qt::Key_Escape);  // the way out
+    EXPECT_FALSE(shown.Visible());
   });
 }
 
