@@ -222,6 +222,26 @@ void Print(const AnalyseOptions& options, const Analysis& analysis, std::ostream
   }
 }
 
+void CheckLog(FileLayer& files, const AnalyseOptions& options) {
+  if (options.log.empty() || options.overwrite || !files.Info(options.log)) return;
+  throw UsageError("--log " + options.log + ": exists already (--overwrite replaces it)");
+}
+
+// False, with a line on `err`, when it can't be written.
+bool WriteLog(FileLayer& files, const AnalyseOptions& options,
+              const std::vector<const Analysis*>& analyses, std::ostream& err) {
+  if (options.log.empty()) return true;
+  std::string text;
+  for (const Analysis* analysis : analyses) text += CsvText(analysis->log);
+  try {
+    ReplaceFile(files, options.log, AsBytes(text));
+    return true;
+  } catch (const Fault& fault) {
+    err << "dorvane-batch: log " << options.log << ": " << fault.what() << '\n';
+    return false;
+  }
+}
+
 void MakeFolder(const std::string& folder) {
   std::error_code failed;
   std::filesystem::create_directories(folder, failed);
@@ -237,6 +257,7 @@ int RunAnalyse(const AnalyseOptions& options, int& argc, char** argv, std::ostre
   SystemFileLayer files;
   const CrystalLibrary library = ReadLibrary(files, options.crystal_file);
   if (!options.request.crystal.empty()) CrystalIndexOf(library, options.request.crystal);
+  CheckLog(files, options);
   MakeFolder(options.out);
 
   std::optional<GuiSession> session;  // outlives the threads that draw
@@ -264,7 +285,7 @@ int RunAnalyse(const AnalyseOptions& options, int& argc, char** argv, std::ostre
     status = 1;
   }
   if (!options.quiet && options.format == PrintFormat::Json) out << LatticeJson(analyses);
-  return status;
+  return WriteLog(files, options, analyses, err) ? status : 1;
 }
 
 }  // namespace dorvane

@@ -17,6 +17,7 @@ struct AnalyseOptions {
   AnalysisRequest request;
   std::string crystal_file;  // empty for the library of the program
   std::string out = ".";     // folder of the results; made where it is missing
+  std::string log;  // file for the logs of the lattice works, one after the other; empty: none
   std::string picture = "png";
   PrintFormat format = PrintFormat::Table;
   bool quiet = false;

@@ -12,6 +12,7 @@
 #include "processing/Units.h"
 #include "program/Cursor.h"
 #include "program/DerivedGraphs.h"
+#include "program/LatticeNarration.h"
 #include "program/NaxFitting.h"
 #include "program/OpenSave.h"
 #include "program/PeakFit.h"
@@ -205,6 +206,7 @@ void AnalysisRun::Index(const CrystalLibrary& library) {
   result_.temperature = request.temperature;
   result_.lattice = request_.judge_range ? RunWithin(*request_.judge_range, library, request)
                                          : RunWidening(library, request);
+  result_.log = WorkRecords(*state_, program_->workspace, data_no_, request, result_.lattice);
   if (!result_.lattice.rejected.empty()) {
     result_.notes.push_back(std::to_string(result_.lattice.rejected.size()) +
                             " indexed lines left out, off by more than " +
@@ -216,11 +218,11 @@ void AnalysisRun::Index(const CrystalLibrary& library) {
 
 LatticeReport AnalysisRun::RunWithin(double judge_range, const CrystalLibrary& library,
                                      const LatticeRequest& request) {
-  const auto state = std::make_unique<LatticeState>();
-  state->Library = library;
+  state_ = std::make_unique<LatticeState>();
+  state_->Library = library;
   program_->workspace.Settings.JudgeRange = judge_range;
   ports_.dialogs.messages.clear();
-  return RunLattice(*state, program_->workspace, data_no_, request, ports_.dialogs);
+  return RunLattice(*state_, program_->workspace, data_no_, request, ports_.dialogs);
 }
 
 // The lines of a compressed crystal leave the system's own range. Where that one leaves most of the
@@ -294,7 +296,7 @@ void AnalysisRun::ListPeaks() {
   const PeakTable& table = workspace.Peaks[data_no_];
   for (int i = 0; i < table.Count; ++i) {
     const PeakRec& peak = table.Peaks[i];
-    PeakRow row;
+    ListedPeak row;
     row.index = peak.Center;
     row.channel = in_unit(kUnitCh, peak.Center);
     row.energy_kev = in_unit(kUnitKeV, peak.Center);
@@ -339,13 +341,14 @@ void AnalysisRun::Draw(double width, double height, const PanelMaker& make_panel
     page.first_channel = request_.range->first;
     page.last_channel = std::min(request_.range->last, result_.channels - 1);
   }
-  std::vector<const PeakRow*> labelled;
-  for (const PeakRow& row : result_.peaks) {
+  std::vector<const ListedPeak*> labelled;
+  for (const ListedPeak& row : result_.peaks) {
     if (row.line && row.line->used) labelled.push_back(&row);
   }
   std::stable_sort(labelled.begin(), labelled.end(),
-                   [](const PeakRow* a, const PeakRow* b) { return a->height > b->height; });
-  for (const PeakRow* row : labelled) page.labels.push_back({row->index, HklText(row->line->hkl)});
+                   [](const ListedPeak* a, const ListedPeak* b) { return a->height > b->height; });
+  for (const ListedPeak* row : labelled)
+    page.labels.push_back({row->index, HklText(row->line->hkl)});
   DrawSpectrumPage(*program_, page, width, height, make_panel);
 }
 

@@ -10,6 +10,7 @@
 #include "batch/BatchPorts.h"
 #include "batch/OptionTexts.h"
 #include "lattice/CrystalRec.h"
+#include "lattice/LogRecord.h"
 #include "program/LatticeRun.h"
 #include "program/SpectrumPage.h"
 
@@ -36,7 +37,7 @@ struct AnalysisRequest {
 };
 
 // One fitted peak as it is listed.
-struct PeakRow {
+struct ListedPeak {
   double index = 0;    // channel index from 0
   double channel = 0;  // channel number
   double energy_kev = 0;
@@ -55,11 +56,12 @@ struct Analysis {
   double two_theta_deg = 0;
   EgcCoef egc;
   FitEngine engine = FitEngine::Nax;
-  std::vector<PeakRow> peaks;
+  std::vector<ListedPeak> peaks;
   bool indexed = false;  // a crystal was known
   LatticeMode mode = LatticeMode::Sample;
   LatticeReport lattice;
   std::string temperature;             // degrees Celsius
+  LogRecords log;                      // of the lattice work; none where no crystal was known
   std::vector<std::string> notes;      // messages and hints, in their order
   std::optional<std::string> failure;  // why the cell or the pressure that was asked for is missing
 };
@@ -97,7 +99,8 @@ class AnalysisRun {
   FileLayer& files_;
   BatchPorts ports_;
   std::unique_ptr<Program> program_;
-  int data_no_ = 0;  // the spectrum whose peaks are fitted
+  int data_no_ = 0;                      // the spectrum whose peaks are fitted
+  std::unique_ptr<LatticeState> state_;  // of the last run
   Analysis result_;
 };
 

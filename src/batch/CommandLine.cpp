@@ -99,6 +99,8 @@ void AddAnalyse(CLI::App& app, AnalyseOptions& options, AnalyseTexts& texts) {
       ->check(CLI::IsMember({"table", "csv", "json"}))
       ->capture_default_str();
   analyse->add_flag("--quiet", options.quiet, "Print nothing but errors");
+  analyse->add_option("--log", options.log,
+                      "File for the log of the lattice work, as the window writes it");
   analyse->add_flag("--overwrite", options.overwrite, "Replace results that exist");
 }
 

@@ -40,7 +40,7 @@ std::string Columns(const std::vector<Cells>& rows) {
   return text;
 }
 
-Cells PeakCells(std::size_t number, const PeakRow& row) {
+Cells PeakCells(std::size_t number, const ListedPeak& row) {
   Cells cells{std::to_string(number),
               Picture(row.channel, "0.00"),
               Picture(row.energy_kev, "0.000"),
@@ -181,7 +181,7 @@ std::string TableText(const Analysis& analysis) {
                      Picture(analysis.two_theta_deg, "0.0000") + " deg\n";
   std::vector<Cells> rows{{"no", "channel", "E/keV", "d/Å", "height", "FWHM/keV", "area", "hkl",
                            "d(cal)", "d-d(cal)", "use"}};
-  for (const PeakRow& row : analysis.peaks) rows.push_back(PeakCells(rows.size(), row));
+  for (const ListedPeak& row : analysis.peaks) rows.push_back(PeakCells(rows.size(), row));
   text += Columns(rows);
   if (analysis.indexed) text += LatticeText(analysis);
   for (const std::string& note : analysis.notes) text += "note: " + note + "\n";
@@ -196,7 +196,7 @@ std::string PeakCsvHeading(bool with_file, std::string_view line_end) {
 
 std::string PeakCsv(const Analysis& analysis, bool with_file, std::string_view line_end) {
   std::string text;
-  for (const PeakRow& row : analysis.peaks) {
+  for (const ListedPeak& row : analysis.peaks) {
     if (with_file) text += Quoted(analysis.path) + ",";
     text += Picture(row.channel, "0.0000") + "," + Picture(row.energy_kev, "0.00000") + "," +
             Picture(row.d, "0.000000") + "," + Picture(row.height, "0.00") + "," +

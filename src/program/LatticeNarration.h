@@ -32,4 +32,10 @@ struct CalculationStory {
 // pressure of a sample that the log has a heading for.
 LogRecords CalculationRecords(const CalculationStory& story);
 
+// A whole work that has been done in one go, told as the form tells it where the same is done by
+// hand and calculated once: `report` is what RunLattice has answered to `request` for spectrum
+// `data_no` and left in `state`. A refinement that has failed is not told.
+LogRecords WorkRecords(const LatticeState& state, const Workspace& workspace, int data_no,
+                       const LatticeRequest& request, const LatticeReport& report);
+
 }  // namespace dorvane

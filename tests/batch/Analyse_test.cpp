@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "batch/BatchFixture.h"
+#include "support/CodePage.h"
 
 namespace dorvane {
 namespace {
@@ -210,6 +211,34 @@ TEST_F(AnalyseTest, OverwriteReplacesResults) {
   folder.Put("gold_ambient.png", "old");
   EXPECT_EQ(Analyse({"samples/gold_ambient.npd", "--overwrite"}).status, 0);
   EXPECT_NE(folder.Get("gold_ambient.png"), "old");
+}
+
+TEST_F(AnalyseTest, LogTellsTheLatticeWorkOfEachFileInTheirOrder) {
+  const BatchRun run = Analyse({"samples/corundum_ambient.npd", "samples/mgo_under_load.npd",
+                                "--crystal", "Al2O3", "--log", "work.csv", "--quiet"});
+  EXPECT_EQ(run.status, 0);
+  const std::string text = FromCodePage(folder.Get("work.csv"));
+  EXPECT_THAT(text, StartsWith("\"*******************corundum_ambientLatticeFitting Log Start"));
+  EXPECT_THAT(text, HasSubstr("\"\",\"HEX\",\"Al2O3\"\r\n"));
+  EXPECT_THAT(text, HasSubstr("\"\",\"HEXAGONAL\"\r\n\"\",\"A    =\",\"4.76"));
+  EXPECT_GT(text.find("mgo_under_loadLatticeFitting Log Start"),
+            text.find("corundum_ambientLatticeFitting Log Ende"));
+}
+
+TEST_F(AnalyseTest, LogIsNotReplacedUnasked) {
+  folder.Put("work.csv", "mine");
+  const std::vector<std::string> words{"samples/corundum_ambient.npd", "--log", "work.csv"};
+  EXPECT_THAT(Analyse(words).err, HasSubstr("--log work.csv: exists already"));
+  EXPECT_EQ(folder.Get("work.csv"), "mine");
+  ExpectNoResults({"work.csv"});
+}
+
+TEST_F(AnalyseTest, LogThatCannotBeWrittenFailsTheRun) {
+  const BatchRun run =
+      Analyse({"samples/gold_ambient.npd", "--log", "nowhere/work.csv", "--quiet"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("dorvane-batch: log nowhere/work.csv: "));
+  EXPECT_TRUE(folder.Has("gold_ambient.png"));
 }
 
 TEST_F(AnalyseTest, TwoFilesOfOneNameDoNotShareResults) {

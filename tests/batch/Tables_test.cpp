@@ -18,7 +18,7 @@ Analysis OnePeak() {
   Analysis analysis;
   analysis.path = "a.npd";
   analysis.sample = "MgO";
-  PeakRow row;
+  ListedPeak row;
   row.channel = 10;
   row.energy_kev = 50;
   row.d = 2.1;

@@ -4,6 +4,8 @@
 #include "display/RecordingSurface.h"
 #include "forms/PeakCalFixture.h"
 #include "lattice/CalLattice.h"
+#include "lattice/CrystalFile.h"
+#include "program/LatticeNarration.h"
 #include "program/NaxFitting.h"
 #include "program/OpenSave.h"
 
@@ -247,7 +249,7 @@ TEST_F(PeakCalMarkerTest, V0OfAMarkerIsThatOfTheSeeds) {
   Mark(kMgO, 1, [&] {
     Type(form.txtSeedConstant[0], "4.214");
     Execute();
-    EXPECT_NEAR(NumberOf("0" + form.txtVolPerVol0.Text().substr(0, 7)), 0.998008, 2e-6);
+    EXPECT_NEAR(NumberOf(form.txtVolPerVol0.Text().substr(0, 7)), 0.998008, 2e-6);
   });
 }
 
@@ -421,6 +423,27 @@ TEST_F(PeakCalCalculateTest, PlotHasAPointForEachLine) {
     form.DrawDeviation(plot);
     EXPECT_EQ(plot.Boxes().size(), 6u);  // five lines and the mark of the legend
   });
+}
+
+// ---- the same work in one go
+
+TEST_F(PeakCalMarkerTest, LogIsThatOfTheSameWorkDoneInOneGo) {
+  for (const LatticeMode mode : {LatticeMode::Sample, LatticeMode::Marker}) {
+    workspace.Peaks[data_no] = {};
+    AddLines(kMgO, 0.9995);
+    Work([&] {
+      if (mode == LatticeMode::Marker) form.optSelectMode.SetIndex(1);
+      Fit(kMgO);
+    });
+    const auto state = std::make_unique<LatticeState>();
+    state->Library = ReadCrystalFile(files, folder.Path("crystal.dat"));
+    LatticeRequest request;
+    request.crystal_index = kMgO;
+    request.mode = mode;
+    const LatticeReport report = RunLattice(*state, workspace, data_no, request, dialogs);
+    EXPECT_EQ(folder.Get("crystalfit.csv"),
+              CsvText(WorkRecords(*state, workspace, data_no, request, report)));
+  }
 }
 
 // ---- a measured spectrum
