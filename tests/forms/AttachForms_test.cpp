@@ -19,6 +19,7 @@ class AttachFormsTest : public MainFormTest {
   FakeElementStore store;
   LineMarks line_marks{program};
   frmAtom atom{program, host, store, line_marks};
+  frmPeakCal lattice{program, host, settings, line_marks};
 };
 
 TEST_F(AttachFormsTest, TheWindowMenuOpensTheFloatingForms) {
@@ -81,6 +82,21 @@ TEST_F(AttachFormsTest, TheEndHidesThePeriodicTableAndItsRecord) {
   Menu("mnuExit").Choose();
   EXPECT_FALSE(atom.Visible());
   EXPECT_FALSE(atom.element.Visible());
+}
+
+TEST_F(AttachFormsTest, HklOpensTheLatticeFormForTheCurrentGraph) {
+  folder.Put("crystal.dat", "\n\n\n\n\n\n\n\n\n\n0\n");
+  AttachLattice(form, program, lattice);
+  ShowSpectrum("a.npd");
+  ShowSpectrum("b.npd");
+  host.ExpectModal([this](Form& opened) {
+    EXPECT_EQ(opened.Name(), "frmPeakCal");
+    EXPECT_EQ(lattice.GetGrpNo(), 1);
+    opened.Hide();
+  });
+  dialogs.ExpectSave({});
+  form.tool_bars.tlbrOperation.Press("hkl");
+  EXPECT_THAT(host.Shown(), testing::ElementsAre("frmPeakCal"));
 }
 
 }  // namespace
