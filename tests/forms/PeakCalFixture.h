@@ -16,7 +16,7 @@
 namespace dorvane {
 
 // Places in the library below.
-enum Sample { kCu, kTin, kCorundum, kOlivine, kCryolite, kKyanite, kMgO, kOdd };
+enum Sample : int { kCu, kTin, kCorundum, kOlivine, kCryolite, kKyanite, kMgO, kOdd };
 
 inline constexpr std::array<Cell6, 7> kCells{{{3.615, 3.615, 3.615, 90, 90, 90},
                                               {5.8316, 5.8316, 3.1815, 90, 90, 90},
