@@ -19,8 +19,9 @@ std::string ProgramDirectory(FileLayer& files, const std::string& current_direct
                              const std::string& user_data_directory);
 
 // Copies the files that ship with the program (the crystal library and the element table) into a
-// program directory that exists and lacks them; files that are there stay. A failure is not told: whoever reads a file
-// that is missing tells it. For the user's directory alone, at each start before the program reads.
+// program directory that exists and lacks them; files that are there stay. A failure is not told:
+// whoever reads a file that is missing tells it. For the user's directory alone, at each start
+// before the program reads.
 void SeedProgramDirectory(FileLayer& files, const std::string& shipped_directory,
                           const std::string& directory);
 

@@ -57,9 +57,9 @@ inline std::vector<std::string> IncludesOf(const Lines& lines) {
 // house.
 inline std::optional<int> FloorOf(const std::string& folder) {
   static const std::map<std::string, int> floors = {
-      {"support", 0},    {"workspace", 1}, {"processing", 2}, {"files", 2}, {"fitting", 2},
-      {"lattice", 2},    {"display", 2},    {"elements", 2},   {"program", 3},    {"forms", 4}, {"qt/surface", 5},
-      {"qt/binding", 6}, {"qt/views", 7},  {"qt", 8},         {"batch", 8}};
+      {"support", 0},    {"workspace", 1},  {"processing", 2}, {"files", 2},   {"fitting", 2},
+      {"lattice", 2},    {"display", 2},    {"elements", 2},   {"program", 3}, {"forms", 4},
+      {"qt/surface", 5}, {"qt/binding", 6}, {"qt/views", 7},   {"qt", 8},      {"batch", 8}};
   const auto found = floors.find(folder);
   return found == floors.end() ? std::nullopt : std::optional(found->second);
 }
