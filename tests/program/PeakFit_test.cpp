@@ -278,7 +278,7 @@ TEST_F(PeakFitTest, ACancelledFitLeavesTheTableAsItWas) {
 }
 
 TEST_F(PeakFitTest, ABackgroundOfAScanGoesAlsoWhereAnAreaHoldsNoPeak) {
-  Show(std::vector<std::int32_t>(300, 100));
+  Show(std::vector<std::int32_t>(300, 0));
   workspace.FitBack[150] = 90;
   view.CursorCh = 150;
   FitPeak(program, 0);
