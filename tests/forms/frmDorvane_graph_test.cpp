@@ -1,3 +1,4 @@
+#include "display/RecordingSurface.h"
 #include "forms/MainFormFixture.h"
 #include "program/Cursor.h"
 #include "program/View.h"
@@ -320,6 +321,38 @@ TEST_F(GraphPanelTest, AChangeFromElsewhereShowsAtOnce) {
   EXPECT_EQ(form.cursor.inumCursorCh.Value(), 50);
   ckbExpand_Click(program, true);
   EXPECT_TRUE(form.style.ckbExpand.Checked());
+}
+
+TEST_F(GraphPanelTest, ARowOfEitherListSelectsTheGraphInTheWindowThatItIsIn) {
+  ShowSpectrum("a.npd");
+  ShowSpectrum("b.npd");
+  form.selector.chkGrp[kRows].SetChecked(true);  // the first graph moves to window 1
+  form.selector.SelectRow(1);
+  ASSERT_EQ(view.CurWin, 0);
+  form.selector.SelectRow(0);
+  EXPECT_EQ(view.CurWin, 1);
+  EXPECT_EQ(view.GraphNo, 0);
+}
+
+TEST_F(GraphPanelTest, TheFirstWindowOfAPileIsNotEmptyWhereAGraphIsOfTheSecond) {
+  ShowSpectrum();
+  for (GraphSlot& slot : workspace.Slots) slot.WinNo = 1;
+  EXPECT_FALSE(form.graphs.HintOf(0).empty());
+  view.PileUpOn = kTrue;
+  EXPECT_TRUE(form.graphs.HintOf(0).empty());
+}
+
+TEST_F(GraphPanelTest, RegionsOfShownGraphsAreDrawnOverThePicture) {
+  const auto data_no = ShowSpectrum();
+  RecordingSurface without;
+  form.DrawOverlay(0, without);
+  workspace.Regions.RoiCount = 1;
+  workspace.Regions.Rois[0].DataNo = data_no;
+  workspace.Regions.Rois[0].Start = 100;
+  workspace.Regions.Rois[0].End = 200;
+  RecordingSurface with;
+  form.DrawOverlay(0, with);
+  EXPECT_GT(with.strokes.size(), without.strokes.size());
 }
 
 }  // namespace
