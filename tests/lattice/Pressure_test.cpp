@@ -169,6 +169,36 @@ TEST(CalcPressure, KelvinAndCelsiusGiveTheSamePressure) {
   }
 }
 
+TEST_F(HexagonalInput, BoronNitrideTakesKelvinToo) {
+  PressInput input = PreparePressure(kHexagonal, result, seed);
+  input.Material = "hBN";
+  input.TempText = "1000";
+  input.UnitIndex = 1;
+  EXPECT_NEAR(Calculated(input).P, 2.2828360455, 1e-8);
+}
+
+TEST(CalcPressure, EveryUnitButTheFirstIsKelvin) {
+  PressInput input = CubicInput("Au", 4.0786f, 4.0786);
+  input.TempText = "1300";
+  for (const std::int16_t unit : {-1, 1, 2}) {
+    input.UnitIndex = unit;
+    EXPECT_NEAR(Calculated(input).P, 7.14, 1e-4) << unit;
+  }
+}
+
+// V/V0 = 0.81907 and 1.06092, its error 1.7e-4 and 2.5e-4: one end of the difference lies outside.
+TEST(CalcPressure, ZeroOutsideOfThePlatinumTableEntersTheErrorAsItStands) {
+  EXPECT_NEAR(Calculated(CubicInput("Pt", 3.6706f, 3.9231)).P, 91.5178099697, 1e-8);
+  EXPECT_NEAR(Calculated(CubicInput("Pt", 3.6706f, 3.9231)).Error, -45.6882889260, 1e-8);
+  EXPECT_NEAR(Calculated(CubicInput("Pt", 4.0012f, 3.9231)).Error, -6.5471595718, 1e-8);
+}
+
+// So far stretched the pressure rises with the volume.
+TEST(CalcPressure, OneSidedErrorsKeepTheirSign) {
+  EXPECT_EQ(Calculated(CubicInput("Pt_B", 4.6f, 3.9231)).Text, "-36.71654+--0.00613");
+  EXPECT_EQ(Calculated(CubicInput("Pt_H", 4.8f, 3.9231)).Text, "-23.59065+--0.02650");
+}
+
 TEST(CalcPressure, TheTemperatureCounts) {
   PressInput input = CubicInput("Au", 4.0786f, 4.0786);
   input.TempText = "1026.85";
