@@ -19,7 +19,7 @@ constexpr double kPercent = 0.01;
 
 // Options as they are typed, where they have a form of their own.
 struct AnalyseTexts {
-  std::string temperature = "27";
+  std::string temperature = "27.0";
   std::string range, use_lines, exclude_lines;
   std::string smooth = "7";
   std::string background;

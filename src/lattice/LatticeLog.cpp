@@ -108,7 +108,7 @@ void AppendSeedLines(LogRecords& to, std::span<const MatchedRow> rows) {
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const MatchedRow& row = rows[i];
     to.push_back({static_cast<int>(i) + 1, row.h, row.k, row.l, row.ch, row.d_obs, row.d_cal,
-                  PlainNumber(row.d_obs - row.d_cal)});
+                  DecimalNumber(row.d_obs - row.d_cal)});
   }
 }
 

@@ -18,7 +18,7 @@ std::string Quoted(std::string_view text) {
 }  // namespace
 
 std::string LogField::Written() const {
-  if (const auto* number = std::get_if<double>(&value_)) return PlainNumber(*number);
+  if (const auto* number = std::get_if<double>(&value_)) return DecimalNumber(*number);
   return Quoted(std::get<std::string>(value_));
 }
 

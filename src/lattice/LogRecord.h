@@ -8,8 +8,8 @@
 
 namespace dorvane {
 
-// A text, which is written in quotes, or a number, which is written bare with up to 15 significant
-// digits.
+// A text, which is written in quotes, or a number, which is written bare: up to 15 significant
+// digits, never an exponent.
 class LogField {
  public:
   LogField(const char* text) : value_(std::string(text)) {}

@@ -25,7 +25,10 @@ LogRecords ChoiceRecords(const CrystalRec& crystal, const LatticeRequest& reques
   if (request.mode == LatticeMode::Marker) Append(records, LogFitModeChanged());
   Append(records, LogLatticeTypeChanged());
   Append(records, LogElementChange(crystal));
-  if (request.seed) Append(records, LogSeedInput());
+  const SeedCell own = SeedOf(crystal), seed = request.seed.value_or(own);
+  for (int k = 0; k < kCellConstants; ++k) {
+    if (seed[k] != own[k]) Append(records, LogSeedInput());
+  }
   return records;
 }
 
@@ -49,8 +52,10 @@ LogRecords CalculationRecords(const CalculationStory& story) {
                       ? LogCompare(story.rows)
                       : LogCompareDetail(story.rows, story.data_type));
   Append(records, LogResult(story.sample.lattice_type, story.boxes, story.two_theta));
-  Append(records, WritePressureLog(story.sample.name, story.pressure_text, story.temp_text,
-                                   story.unit_index));
+  if (story.mode == LatticeMode::Marker) {
+    Append(records, WritePressureLog(story.sample.name, story.pressure_text, story.temp_text,
+                                     story.unit_index));
+  }
   return records;
 }
 

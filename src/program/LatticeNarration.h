@@ -28,8 +28,8 @@ struct CalculationStory {
   std::int16_t unit_index = 0;  // 0 degrees Celsius, else kelvin
 };
 
-// The seeds and the lines against them, the lines against the refined cell, the result, and the
-// pressure of a sample that the log has a heading for.
+// The seeds and the lines against them, the lines against the refined cell, the result, and in
+// marker mode the pressure of a sample that the log has a heading for.
 LogRecords CalculationRecords(const CalculationStory& story);
 
 // A whole work that has been done in one go, told as the form tells it where the same is done by

@@ -216,6 +216,17 @@ std::string PlainNumber(double value) {
   return result;
 }
 
+std::string DecimalNumber(double value) {
+  if (!std::isfinite(value)) return PlainNumber(value);
+  const Digits number = DigitsOf(std::fabs(value));
+  Parts parts;
+  parts.integer_min = 1;
+  parts.fraction_max = std::max(static_cast<int>(number.digits.size()) - number.point, 0);
+  const std::string fraction = FractionText(number, parts);
+  return (value < 0 ? "-" : "") + IntegerText(number, parts) +
+         (fraction.empty() ? "" : "." + fraction);
+}
+
 std::optional<double> ParseNumber(std::string_view text) {
   text = Trim(text);
   if (!text.empty() && text.front() == '+') {

@@ -28,6 +28,8 @@ std::string PictureRight(double value, std::string_view picture, int width);
 // or "100"; with an exponent, as "2.5E-7" or "1E+15", below 0.0001 and from 1E+15 on. "Inf", "-Inf"
 // and "NaN" as in Picture.
 std::string PlainNumber(double value);
+// The same without an exponent, as "0.00000025" or "1000000000000000".
+std::string DecimalNumber(double value);
 
 // The whole text, blanks around it trimmed, as a decimal number such as "12", "-1.5", "+2.E3",
 // "1D-3" or ".5". Nothing for an empty text, hexadecimal, infinities, NaN, or anything left over;

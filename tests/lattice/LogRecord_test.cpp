@@ -17,6 +17,10 @@ TEST(LogRecord, NumbersHaveUpToFifteenDigitsAndNoZerosBehind) {
   EXPECT_EQ(CsvText({{1.0 / 3, 90.0, 0.1 + 0.2}}), "0.333333333333333,90,0.3\r\n");
 }
 
+TEST(LogRecord, NumbersNeverHaveAnExponent) {
+  EXPECT_EQ(CsvText({{0.000012, -2.5e-7, 1e15}}), "0.000012,-0.00000025,1000000000000000\r\n");
+}
+
 TEST(LogRecord, ATextThatLooksLikeANumberStaysAText) {
   EXPECT_EQ(CsvText({{"90"}}), "\"90\"\r\n");
 }

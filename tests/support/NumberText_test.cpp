@@ -93,6 +93,23 @@ TEST(NumberText, PlainNumbersOutsideTheRangeHaveOne) {
   EXPECT_EQ(PlainNumber(-1.25e-300), "-1.25E-300");
 }
 
+TEST(NumberText, DecimalNumbersHaveNoExponent) {
+  EXPECT_EQ(DecimalNumber(2.5e-7), "0.00000025");
+  EXPECT_EQ(DecimalNumber(-0.00001), "-0.00001");
+  EXPECT_EQ(DecimalNumber(1e15), "1000000000000000");
+  EXPECT_EQ(DecimalNumber(-1.25e17), "-125000000000000000");
+}
+
+TEST(NumberText, DecimalNumbersAreElsePlain) {
+  EXPECT_EQ(DecimalNumber(0), "0");
+  EXPECT_EQ(DecimalNumber(-0.0), "0");
+  EXPECT_EQ(DecimalNumber(90), "90");
+  EXPECT_EQ(DecimalNumber(12.5), "12.5");
+  EXPECT_EQ(DecimalNumber(1.0 / 3), "0.333333333333333");
+  EXPECT_EQ(DecimalNumber(0.1 + 0.2), "0.3");
+  EXPECT_EQ(DecimalNumber(std::numeric_limits<double>::infinity()), "Inf");
+}
+
 TEST(NumberText, PlainNumbersHaveFifteenDigits) {
   EXPECT_EQ(PlainNumber(1.0 / 3), "0.333333333333333");
   EXPECT_EQ(PlainNumber(0.1 + 0.2), "0.3");
