@@ -28,20 +28,22 @@ std::int16_t frmPeakCal::Refuse(const char* message) {
   return -1;
 }
 
-// A type that is no system is told before the refinement, which would index nothing and complain
-// about too few lines.
+// KEPT: a sample whose type is no system is refined first, which mostly ends in too few lines: its
+// lines have no calculated d. The type is told where lines were found all the same.
 std::int16_t frmPeakCal::Calculate(std::int16_t mode, int LatticeIndex, int ElementIndex) {
   if (!IsNumeric(txtSeedConstant[0].Text())) return Refuse("Seed Error");
   if (!IsNumeric(txtTemp.Text())) return Refuse("Temp Error");
   work_.Seed = SeedsOf(LatticeIndex, SeedTexts());
-  if (mode == kSelectSample && !IsLatticeType(LatticeIndex)) return Refuse("Lattice Type Error");
 
   direct_.reset();
   const RefineInput input{work_.DataNo, ToInt16(LatticeIndex), ElementIndex, work_.Seed};
   LatticeResult result;
   const bool refined =
       RefineLattice(*state_, program_.workspace, input, result, program_.ports.dialogs) == 0;
-  if (!refined && mode == kSelectSample) return -1;
+  if (mode == kSelectSample) {
+    if (!refined) return -1;
+    if (!IsLatticeType(LatticeIndex)) return Refuse("Lattice Type Error");
+  }
   if (refined) {
     direct_ = result.Direct;
     if (mode == kSelectSample) {
@@ -55,8 +57,10 @@ std::int16_t frmPeakCal::Calculate(std::int16_t mode, int LatticeIndex, int Elem
 }
 
 void frmPeakCal::ShowSample(const LatticeResult& result) {
-  const CellVolume cell = SampleVolume(*Crystal(), work_.LatticeIndex, result);
-  ShowBoxes(SampleBoxes(work_.LatticeIndex, result, cell));
+  // The cell stands even where the library's has no volume to compare it with.
+  ShowBoxes(SampleCellBoxes(work_.LatticeIndex, result));
+  ShowBoxes(SampleBoxes(work_.LatticeIndex, result,
+                        SampleVolume(*Crystal(), work_.LatticeIndex, result)));
 }
 
 void frmPeakCal::ShowMarker(const LatticeResult& result) {
@@ -76,7 +80,7 @@ void frmPeakCal::ShowBoxes(const ResultBoxes& boxes) {
     if (!text.empty()) txtLatticeLength[k].SetText(text);
   }
   txtVol.SetText(boxes.txtVol);
-  txtVolPerVol0.SetText(boxes.txtVolPerVol0);
+  if (!boxes.txtVolPerVol0.empty()) txtVolPerVol0.SetText(boxes.txtVolPerVol0);
 }
 
 ResultBoxes frmPeakCal::Boxes() const {

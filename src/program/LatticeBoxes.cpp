@@ -15,6 +15,7 @@ constexpr double kRightAngle = 90;
 constexpr double kHexagonalAngle = 120;
 constexpr int kLengths = 3;
 constexpr int kGamma = 5;
+constexpr int kVolume = 6;
 
 // Places of the constants that each system has.
 constexpr std::array<std::string_view, 6> kConstantsOf = {"0", "02", "02", "012", "0124", "012345"};
@@ -65,8 +66,7 @@ std::string WithError(const ValueWithError& value, const char* value_picture,
   return Picture(value.value, value_picture) + "+-" + Picture(value.error, error_picture);
 }
 
-ResultBoxes SampleBoxes(std::int16_t lattice_type, const LatticeResult& result,
-                        const CellVolume& cell) {
+ResultBoxes SampleCellBoxes(std::int16_t lattice_type, const LatticeResult& result) {
   ResultBoxes boxes;
   for (int k = 0; k < kCellConstants; ++k) {
     std::string& text = boxes.txtLatticeLength[static_cast<std::size_t>(k)];
@@ -76,7 +76,13 @@ ResultBoxes SampleBoxes(std::int16_t lattice_type, const LatticeResult& result,
       text = FixedAngle(lattice_type, k);
     }
   }
-  boxes.txtVol = WithError(cell.volume, kMarkerValue, kMarkerValue);
+  boxes.txtVol = WithError(ConstantOf(result, kVolume), kMarkerValue, kMarkerValue);
+  return boxes;
+}
+
+ResultBoxes SampleBoxes(std::int16_t lattice_type, const LatticeResult& result,
+                        const CellVolume& cell) {
+  ResultBoxes boxes = SampleCellBoxes(lattice_type, result);
   boxes.txtVolPerVol0 = WithError(cell.ratio, kConstant, kConstant);
   return boxes;
 }

@@ -37,6 +37,8 @@ std::string WithError(const ValueWithError& value, const char* value_picture,
 // shows.
 ResultBoxes SampleBoxes(std::int16_t lattice_type, const LatticeResult& result,
                         const CellVolume& cell);
+// The same without V/V0.
+ResultBoxes SampleCellBoxes(std::int16_t lattice_type, const LatticeResult& result);
 // For the cubic and the hexagonal system.
 ResultBoxes MarkerBoxes(std::int16_t lattice_type, const LatticeResult& result,
                         const CellVolume& cell);

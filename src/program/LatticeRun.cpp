@@ -6,6 +6,7 @@
 #include "lattice/CalLattice.h"
 #include "lattice/CrystalData.h"
 #include "lattice/LtcCon.h"
+#include "program/LatticeBoxes.h"
 #include "support/NumberText.h"
 #include "support/Rounding.h"
 
@@ -147,7 +148,9 @@ LatticeReport RunLattice(LatticeState& state, const Workspace& workspace, int da
     ExcludeLines(state, workspace, input, request);
     if (!Refine(state, workspace, input, report, dialogs)) return report;
     RejectOutliers(state, workspace, input, request.reject_beyond, report, dialogs);
-    if (request.mode == LatticeMode::Sample) {
+    if (request.mode == LatticeMode::Sample && !IsLatticeType(report.lattice_type)) {
+      dialogs.Message("Lattice Type Error");
+    } else if (request.mode == LatticeMode::Sample) {
       SetVolume(report, SampleVolume(crystal, report.lattice_type, *report.cell));
     } else {
       MarkerPressure(request, input.seed, report);

@@ -52,14 +52,6 @@ TEST_F(PeakCalCalculateTest, TemperatureThatIsNoNumberIsToldInSampleModeToo) {
   });
 }
 
-TEST_F(PeakCalCalculateTest, SystemThatIsNoneIsToldInSampleMode) {
-  Work([&] {
-    Choose(kOdd);
-    dialogs.ExpectMessage("Lattice Type Error");
-    Execute();
-  });
-}
-
 TEST_F(PeakCalCalculateTest, SystemThatIsNoneFindsNoLineInMarkerMode) {
   Work([&] {
     form.optSelectMode.SetIndex(1);

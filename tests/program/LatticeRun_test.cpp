@@ -185,6 +185,15 @@ TEST_F(LatticeRunTest, NothingIndexedLeavesNoCellAndAMessage) {
   EXPECT_EQ(report.crystal, "MgO");
 }
 
+// Lines of no system are calculated at d = 0: a range that is wider than d reaches them.
+TEST_F(LatticeRunTest, SystemThatIsNoneIsToldWhereLinesWereFound) {
+  AddCubic("Odd", 4.2112).LatticeType = -1;
+  AddPeak(2);
+  workspace->Settings.JudgeRange = 3;
+  dialogs.ExpectMessage("Lattice Type Error");
+  EXPECT_FALSE(Run().ratio);
+}
+
 TEST_F(LatticeRunTest, TemperatureThatIsNoNumberStopsSamplesToo) {
   AddCubic("MgO", 4.2112);
   AddCubicPeaks(4.2);
