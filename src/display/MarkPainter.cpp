@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace dorvane {
 namespace {
@@ -14,6 +15,7 @@ constexpr double kRangeOpacity = 0.10;
 constexpr double kRegionOpacity = 0.12;
 constexpr double kCrossArm = 7;  // pixels
 constexpr int kNameRows = 8;
+constexpr double kNameGap = 3;  // pixels between a line and its name
 
 // `low` where the bounds leave no room.
 double Within(double value, double low, double high) {
@@ -31,55 +33,81 @@ void MarkPainter::PeakLine(std::int16_t channel, Color color) const {
   VerticalLine(channel, Ink(color), kPeakLineOpacity);
 }
 
-MarkPainter::Stretch MarkPainter::PlaceOf(const MarkRec& mark) const {
+double MarkPainter::WidthOf(const MarkRec& mark) const {
   surface_.SetFontSize(mark.Size > 0 ? mark.Size : kDefaultFontSize);
-  const double width = surface_.TextWidth(TextOf(mark));
-  const double left = Within(mark.X - width / 2, scale_.StartX, scale_.EndX - width);
-  return {left, left + width};
+  return surface_.TextWidth(TextOf(mark));
 }
 
-void MarkPainter::TextAt(double y, double text_heights, const MarkRec& mark) const {
-  if (!IsShown(mark.X)) return;
-  const std::string_view text = TextOf(mark);
-  const double x = PlaceOf(mark).left;
+void MarkPainter::TextAt(double left, double y, double text_heights, const MarkRec& mark) const {
   const double height = surface_.TextHeight();
-  const double up = heights_.Top() >= heights_.Bottom() ? 1 : -1;
+  const double up = Up();
   // Measured downwards from the top, so that both directions of y share the bounds.
   const double depth = Within((heights_.Top() - y) * up - height * text_heights, 0,
                               (heights_.Top() - heights_.Bottom()) * up - height);
-  surface_.Text({x, heights_.Top() - depth * up}, text, Ink(mark.Color));
+  surface_.Text({left, heights_.Top() - depth * up}, TextOf(mark), Ink(mark.Color));
+}
+
+void MarkPainter::CentredText(double y, double text_heights, const MarkRec& mark) const {
+  if (!IsShown(mark.X)) return;
+  const double width = WidthOf(mark);
+  TextAt(Within(mark.X - width / 2, scale_.StartX, scale_.EndX - width), y, text_heights, mark);
 }
 
 void MarkPainter::TextMark(const MarkRec& mark) const {
-  TextAt(heights_.At(mark.Y).y, 1, mark);
+  CentredText(heights_.At(mark.Y).y, 1, mark);
 }
 
 void MarkPainter::Symbol(const MarkRec& mark) const {
-  TextAt(heights_.At(mark.Y).y, 0.5, mark);
+  CentredText(heights_.At(mark.Y).y, 0.5, mark);
+}
+
+MarkPainter::Name MarkPainter::NameOf(const MarkRec& mark) const {
+  const double width = WidthOf(mark);
+  const double gap = kNameGap * surface_.PixelSize().x;
+  const double right_side = mark.X + gap;
+  const bool fits = right_side + width <= scale_.EndX;
+  const double left =
+      fits ? right_side : Within(mark.X - gap - width, scale_.StartX, scale_.EndX - width);
+  return {&mark, left, left + width, 0};
+}
+
+// The highest row below all names that the line would cross; where there is none, the highest in
+// which the name has room.
+int MarkPainter::RowOf(const Name& name, std::span<const Name> before) {
+  const auto met = [&](const Name& other) {
+    return other.left < std::max<double>(name.right, name.mark->X) &&
+           std::min<double>(name.left, name.mark->X) < other.right;
+  };
+  int below = 0;
+  std::array<bool, kNameRows> taken{};
+  for (const Name& other : before) {
+    if (!met(other)) continue;
+    below = std::max(below, other.row + 1);
+    taken[static_cast<std::size_t>(other.row)] = true;
+  }
+  if (below < kNameRows) return below;
+  const auto room = std::find(taken.begin(), taken.end(), false);
+  return room == taken.end() ? 0 : static_cast<int>(room - taken.begin());
 }
 
 void MarkPainter::NamedLines(std::span<const MarkRec> marks) const {
-  struct Name {
-    Stretch place;
-    int row = 0;
-  };
   std::array<Name, kMaxNamedLines> names;
   std::size_t count = 0;
   for (const MarkRec& mark : marks.first(std::min(marks.size(), names.size()))) {
-    if (!IsShown(mark.X)) continue;
-    Name& name = names[count] = {PlaceOf(mark), 0};
-    const auto taken = [&](int row) {
-      return std::any_of(names.begin(), names.begin() + static_cast<std::ptrdiff_t>(count),
-                         [&](const Name& other) {
-                           return other.row == row && other.place.left < name.place.right &&
-                                  name.place.left < other.place.right;
-                         });
-    };
-    while (name.row < kNameRows && taken(name.row)) ++name.row;
-    name.row %= kNameRows;
-    VerticalLine(mark.X, Ink(mark.Color), kPeakLineOpacity);
-    TextAt(heights_.Top(), -name.row, mark);
-    ++count;
+    if (IsShown(mark.X)) names[count++] = NameOf(mark);
+  }
+  const std::span shown(names.data(), count);
+  std::sort(shown.begin(), shown.end(), [](const Name& a, const Name& b) {
+    return std::pair(a.mark->X, a.mark) < std::pair(b.mark->X, b.mark);
+  });
+  for (std::size_t i = 0; i < count; ++i) {
+    const MarkRec& mark = *shown[i].mark;
+    shown[i].row = RowOf(shown[i], shown.first(i));
+    WidthOf(mark);  // sets the font that the rows are high by
+    const double top = heights_.Top() - shown[i].row * surface_.TextHeight() * Up();
+    const double x = mark.X;
+    surface_.Box({x, heights_.Bottom()}, {x, top}, Ink(mark.Color), kPeakLineOpacity);
+    TextAt(shown[i].left, top, 0, mark);
   }
 }
 

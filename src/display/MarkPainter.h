@@ -23,28 +23,34 @@ class MarkPainter {
   void TextMark(const MarkRec& mark) const;
   // Centred at its channel and height.
   void Symbol(const MarkRec& mark) const;
-  // Lines over the whole height with their names at the top; a name without room beside those of
-  // the lines before it stands in a lower row, and in the highest when none has room. At most
-  // kMaxNamedLines.
+  // Lines with their names beside their upper ends, from left to right: a line that would cross the
+  // names of others ends in a row below them, while there are rows. A name stands at the right of
+  // its line, at the left where it has no room there. At most kMaxNamedLines.
   void NamedLines(std::span<const MarkRec> marks) const;
   // The lines between `divisions` equal parts of the height.
   void ScaleLines(std::int16_t divisions, Color color) const;
   void DrawOverlay(const Overlay& overlay) const;
 
  private:
-  // Channels from left to right.
-  struct Stretch {
+  // The name of a line; left and right are channels, rows count downwards from the top.
+  struct Name {
+    const MarkRec* mark = nullptr;
     double left = 0;
     double right = 0;
+    int row = 0;
   };
 
   bool IsShown(double channel) const { return channel >= scale_.StartX && channel <= scale_.EndX; }
   Color Ink(Color color) const { return print_.PrintMode == kFalse ? color : Rgb(0, 0, 0); }
+  double Up() const { return heights_.Top() >= heights_.Bottom() ? 1 : -1; }
   void VerticalLine(double channel, Color color, double opacity) const;
-  // Where a text with its middle at the channel stands, moved into the surface. Sets its font.
-  Stretch PlaceOf(const MarkRec& mark) const;
-  // A text with its middle at its channel and its upper edge so many text heights above `y`.
-  void TextAt(double y, double text_heights, const MarkRec& mark) const;
+  // Of its text, in channels. Sets the mark's font.
+  double WidthOf(const MarkRec& mark) const;
+  // A text with its upper edge so many text heights above `y`, moved into the surface.
+  void TextAt(double left, double y, double text_heights, const MarkRec& mark) const;
+  void CentredText(double y, double text_heights, const MarkRec& mark) const;
+  Name NameOf(const MarkRec& mark) const;
+  static int RowOf(const Name& name, std::span<const Name> before);
   void Range(const ChannelRange& range, double opacity) const;
   void Cross(const Overlay& overlay) const;
 

@@ -138,24 +138,50 @@ TEST_F(MarkedGraph, ASymbolIsCentredBothWays) {
   EXPECT_EQ(OnlyText().from, (Point{496, 308}));
 }
 
-TEST_F(MarkedGraph, ANamedLineHasItsNameAtTheTop) {
+TEST_F(MarkedGraph, ANamedLineHasItsNameBesideItsTop) {
   engine->AddNamedLine(0, 500, "ab", kOwn, 0, -1);
-  EXPECT_EQ(OnlyText().from, (Point{492, 600}));
+  EXPECT_EQ(OnlyText().from, (Point{503, 600}));
   ASSERT_EQ(surface.Boxes().size(), 1u);
-  EXPECT_EQ(surface.Boxes()[0].from.x, 500);
+  EXPECT_EQ(surface.Boxes()[0].from, (Point{500, 0}));
+  EXPECT_EQ(surface.Boxes()[0].to, (Point{500, 600}));
 }
 
-TEST_F(MarkedGraph, NamesWithoutRoomBesideEachOtherStandInRows) {
-  for (const int channel : {500, 510, 516, 700}) {
+TEST_F(MarkedGraph, ANameWithoutRoomAtTheRightStandsAtTheLeft) {
+  engine->AddNamedLine(0, 981, "ab", kOwn, 0, -1);
+  EXPECT_EQ(OnlyText().from, (Point{984, 600}));
+  surface.Forget();
+  engine->AddNamedLine(0, 982, "ab", kOwn, 0, -1);
+  EXPECT_EQ(OnlyText().from, (Point{963, 600}));
+}
+
+// Names end 19 channels right of their lines: 510 is under the name of 500, 522 under that of 510
+// alone.
+TEST_F(MarkedGraph, ALineEndsBelowTheNamesThatItWouldCross) {
+  for (const int channel : {510, 700, 500, 522}) {
     engine->AddNamedLine(0, channel, "ab", kOwn, 0, 0);
   }
   engine->Redraw(0);
   const auto texts = surface.Texts();
   ASSERT_EQ(texts.size(), 4u);
-  EXPECT_EQ(texts[0].from, (Point{492, 600}));
-  EXPECT_EQ(texts[1].from, (Point{502, 584}));  // a row of 16 counts below
-  EXPECT_EQ(texts[2].from, (Point{508, 600}));  // begins where the first ends
-  EXPECT_EQ(texts[3].from, (Point{692, 600}));
+  EXPECT_EQ(texts[0].from, (Point{503, 600}));
+  EXPECT_EQ(texts[1].from, (Point{513, 584}));  // a row of 16 counts below
+  EXPECT_EQ(texts[2].from, (Point{525, 568}));
+  EXPECT_EQ(texts[3].from, (Point{703, 600}));
+  const auto lines = surface.Boxes();
+  ASSERT_EQ(lines.size(), 4u);
+  EXPECT_EQ(lines[1].to, (Point{510, 584}));
+  EXPECT_EQ(lines[2].to, (Point{522, 568}));
+}
+
+TEST_F(MarkedGraph, BelowTheLowestRowTheHighestWithRoomIsTaken) {
+  for (const int channel : {500, 501, 502, 503, 504, 505, 506, 517, 520}) {
+    engine->AddNamedLine(0, channel, "ab", kOwn, 0, 0);
+  }
+  engine->Redraw(0);
+  const auto texts = surface.Texts();
+  ASSERT_EQ(texts.size(), 9u);
+  EXPECT_EQ(texts[7].from, (Point{520, 488}));  // the eighth row
+  EXPECT_EQ(texts[8].from, (Point{523, 600}));  // the first two names have ended
 }
 
 TEST_F(MarkedGraph, ANameWithoutRoomInAnyRowStandsInTheHighest) {
