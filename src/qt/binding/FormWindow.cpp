@@ -102,6 +102,8 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   const bool escape = event->key() == Qt::Key_Escape;
   const Button* button = nullptr;
+  auto* focused = qobject_cast<QPushButton*>(focusWidget());
+  if (enter && isVisible() && focused != nullptr) return focused->click();
   if (enter) button = default_button_;
   if (escape) button = cancel_button_;
   if (button == nullptr) {

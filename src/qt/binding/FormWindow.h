@@ -14,8 +14,9 @@
 namespace dorvane {
 
 // The title is the form's caption. Closing asks the form (QueryClose) and goes on only when that
-// has hidden it. Where the focused widget has no use for the key, Enter presses the default button,
-// and Escape the cancel button; while that is hidden, Escape closes.
+// has hidden it. Where the focused widget has no use for the key, Enter presses the button that has
+// the focus, or else the default button, and Escape the cancel button; while that is hidden, Escape
+// closes.
 class FormWindow : public QMainWindow {
   Q_OBJECT
 

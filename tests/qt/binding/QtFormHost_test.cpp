@@ -66,6 +66,15 @@ TEST_F(FormWindowTest, EscapeClosesWhileTheCancelButtonIsHidden) {
   EXPECT_FALSE(form.Visible());
 }
 
+TEST_F(FormWindowTest, EnterPressesTheFocusedButton) {
+  const auto presses = Count(form.cmdOk.Click);
+  const auto cancels = Count(form.cmdCan.Click);
+  Of(form.cmdCan)->setFocus();
+  QTest::keyClick(Of(form.cmdCan), Qt::Key_Return);
+  EXPECT_EQ(*presses, 0);
+  EXPECT_EQ(*cancels, 1);
+}
+
 TEST_F(FormWindowTest, EnterThatHidTheFormPressesNoButton) {
   const auto presses = Count(form.cmdOk.Click);
   form.txtName.EnterPressed.Connect([this] { form.Hide(); });
