@@ -55,8 +55,9 @@ constexpr std::array<PtNode, kPtNodeCount> kPtNodes = {{
     {88.82037, 6.328832, 10.30121},
 }};
 
-// KEPT: the last coefficient of row 37 (8.731078) looks like a misprint of 9.731078; it makes the
-// scale 0.5 GPa low at a compression of 0.08 and 1500 K. The row stands as it has always been used.
+// KEPT: the last coefficient of row 37 (8.731078) looks like a misprint of 9.731078, for which its
+// neighbours and the shock waves speak; it makes the scale 0.5 GPa low at a compression of 0.08 and
+// 1500 K. The row stands as it has always been used.
 constexpr std::array<MgONode, kMgONodeCount> kMgONodes = {{
     {-12.79562, 3.104464, 3.075698, -1.344268, 2.099616},
     {-12.34507, 2.869986, 3.608306, -1.838749, 3.582202},
