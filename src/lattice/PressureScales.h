@@ -18,17 +18,17 @@ double DebyeFunc(double x);
 double PressNaCl(double x, double TK);
 
 // Platinum by a table of shock-wave isotherms, after J. C. Jamieson, J. N. Fritz and M. H.
-// Manghnani (1982), in: High-Pressure Research in Geophysics, 27. Between 300 and 1500 K and
-// for x <= 1 it holds them to 0.02 GPa. 0 for x >= 1.061 and x <= 0.819.
+// Manghnani (1982), in: High-Pressure Research in Geophysics, 27, which it holds to 0.02 GPa
+// between 300 and 1500 K for x <= 1. 0 for x >= 1.061 and x <= 0.819.
 double PressPtTable(double x, double TK);
 
 // Gold: third-order Birch-Murnaghan with a linear thermal term, after O. L. Anderson, D. G. Isaak
 // and S. Yamamoto, J. Appl. Phys. 65 (1989) 1534.
 double PressAu(double x, double TK);
 
-// Magnesium oxide by a table like that of platinum, from the same work. Its polynomials
-// in the temperature hold from 300 to 1500 K and are 0.8 GPa off at 2000 K. Outside of 0.74..1.1
-// the outermost cubic goes on, unguarded.
+// Magnesium oxide by a table like that of platinum, from the same work. Its polynomials in the
+// temperature hold from 300 to 1500 K and are up to 0.8 GPa off at 2000 K. Outside of 0.74..1.1 the
+// outermost cubic goes on, unguarded.
 double PressMgOTable(double x, double TK);
 
 // Platinum: third-order Birch-Murnaghan on the volume expanded to TK, near the isotherms

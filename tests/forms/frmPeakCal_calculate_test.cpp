@@ -258,7 +258,7 @@ TEST_F(PeakCalMarkerTest, OtherSystemsLeaveTheResultsAsTheyWere) {
   });
 }
 
-// The scale's published value: 3.2355 GPa at V/V0 = 0.9 and 298 K (Decker 1971).
+// 3.2355 GPa at V/V0 = 0.9 and 298 K, an independent evaluation of Decker's equation (1971).
 TEST_F(PeakCalMarkerTest, PressureIsThatOfTheScaleWithTheSamplesName) {
   std::string library = LibraryText();
   library.replace(library.find("\"MgO\""), 5, "\"NACL 300K\"");

@@ -27,7 +27,14 @@ TEST(PressureLog, WritesBannerHeadingResultAndAnEmptyRecord) {
 }
 
 TEST(PressureLog, TellsKelvinByItsSign) {
-  EXPECT_EQ(Written("NACL", "1+-1", 1)[1][0], "******** DECKER PRESSURE AT T=27.0Ｋ ***");
+  for (const std::int16_t unit : {-1, 1, 2}) {
+    EXPECT_EQ(Written("NACL", "1+-1", unit)[1][0], "******** DECKER PRESSURE AT T=27.0Ｋ ***");
+  }
+}
+
+TEST(PressureLog, TheTemperatureIsTheTextAsTyped) {
+  EXPECT_EQ(WritePressureLog("Au", "1+-1", " 027 ", 0)[1][0],
+            "******** ANDERSON SCALE AT T= 027 ℃ ***");
 }
 
 TEST(PressureLog, EachScaleHasItsBannerAndHeading) {
