@@ -34,6 +34,7 @@ std::int16_t frmPeakCal::Calculate(std::int16_t mode, int LatticeIndex, int Elem
   if (!IsNumeric(txtSeedConstant[0].Text())) return Refuse("Seed Error");
   if (!IsNumeric(txtTemp.Text())) return Refuse("Temp Error");
   work_.Seed = SeedsOf(LatticeIndex, SeedTexts());
+  ShowMarks();
 
   direct_.reset();
   const RefineInput input{work_.DataNo, ToInt16(LatticeIndex), ElementIndex, work_.Seed};

@@ -1,6 +1,7 @@
 // The peaks and the indexed lines in the lattice form: its grids, their tabs, and the plot of the
 // deviations.
 #include "display/DeviationPlot.h"
+#include "forms/PeakCalHint.h"
 #include "forms/frmPeakCal.h"
 #include "workspace/Colors.h"
 
@@ -13,6 +14,8 @@ void frmPeakCal::CopyPeakInfo(int mode) {
   } else {
     RefreshPeakD(sprPeakInf, peaks);
   }
+  lblPeakHint.SetCaption(PeakHint(program_.workspace, work_.GrpNo));
+  lblPeakHint.SetVisible(peaks.empty());
 }
 
 void frmPeakCal::FillPeakGrids() {

@@ -10,6 +10,12 @@ namespace {
 constexpr const char* kConstant = "#0.000000";
 constexpr const char* kAngle = "#0.00000";
 
+// What a box holds: a box that still shows the stored value holds that, with the places that its
+// picture cuts off.
+double ValueOf(const TextBox& box, double stored, const char* picture) {
+  return box.Text() == Picture(stored, picture) ? stored : NumberOf(box.Text());
+}
+
 }  // namespace
 
 void frmPeakCal::optSelectMode_Click(int index) {
@@ -54,11 +60,13 @@ void frmPeakCal::cmbElement_Click() {
   for (int k = 0; k < kCellConstants; ++k) {
     txtSeedConstant[k].SetText(txtLatticeConstans[k].Text());
   }
-  if (!IsLatticeType(crystal.LatticeType)) return;
-  cmbLatticeType.SetIndex(crystal.LatticeType);
-  EnableBoxes(crystal.LatticeType);
+  if (IsLatticeType(crystal.LatticeType)) {
+    cmbLatticeType.SetIndex(crystal.LatticeType);
+    EnableBoxes(crystal.LatticeType);
+    log_.Put(LogElementChange(crystal));
+  }
+  TakeSeeds();
   ShowMarks();
-  log_.Put(LogElementChange(crystal));
 }
 
 void frmPeakCal::ShowCell(const CrystalRec& crystal) {
@@ -68,8 +76,7 @@ void frmPeakCal::ShowCell(const CrystalRec& crystal) {
   }
 }
 
-// Boxes that the system has are on; the others are off and empty. The seeds are those of the boxes
-// from now on, as far as they hold numbers.
+// Boxes that the system has are on; the others are off and empty.
 void frmPeakCal::EnableBoxes(int lattice_type) {
   for (int k = 0; k < kCellConstants; ++k) {
     const bool has = HasConstant(lattice_type, k);
@@ -79,11 +86,15 @@ void frmPeakCal::EnableBoxes(int lattice_type) {
       if (!has) box->SetText("");
     }
   }
+}
+
+// The seeds are those of the boxes from now on, as far as they hold numbers.
+void frmPeakCal::TakeSeeds() {
   CellTexts texts = SeedTexts();
   for (std::string& text : texts) {
     if (!IsNumeric(text)) text = "0";
   }
-  work_.Seed = SeedsOf(lattice_type, texts);
+  work_.Seed = SeedsOf(work_.LatticeIndex, texts);
 }
 
 CellTexts frmPeakCal::SeedTexts() const {
@@ -100,6 +111,7 @@ void frmPeakCal::cmbLatticeType_Click() {
   log_.Put(LogLatticeTypeChanged());
   if (const CrystalRec* crystal = Crystal()) ShowCell(*crystal);
   EnableBoxes(work_.LatticeIndex);
+  TakeSeeds();
   ShowMarks();
 }
 
@@ -108,7 +120,7 @@ bool frmPeakCal::txtSeedConstant_Validate(int index) const {
 }
 
 void frmPeakCal::txtSeedConstant_Left(int index) {
-  const double value = NumberOf(txtSeedConstant[index].Text());
+  const double value = ValueOf(txtSeedConstant[index], work_.Seed[index], kConstant);
   txtSeedConstant[index].SetText(Picture(value, kConstant));
   if (value == work_.Seed[index]) return;
   work_.Seed[index] = value;
@@ -129,7 +141,7 @@ bool frmPeakCal::txt2Theta_Validate() const {
 }
 
 void frmPeakCal::txt2Theta_Left() {
-  const double value = NumberOf(txt2Theta.Text());
+  const double value = ValueOf(txt2Theta, work_.TwoTheta, kAngle);
   txt2Theta.SetText(Picture(value, kAngle));
   if (value == work_.TwoTheta) return;
   Forget();

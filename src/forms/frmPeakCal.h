@@ -85,6 +85,7 @@ class frmPeakCal : public Form {
   TextBox txtVol{controls_, "txtVol", "V"};
   TextBox txtVolPerVol0{controls_, "txtVolPerVol0", "V/V0"};
   TextBox txtPressure{controls_, "txtPressure", "P"};
+  Label lblPeakHint{controls_, "lblPeakHint"};  // seen where there are no peaks
   Tabs tabLatticeFit{controls_, "tabLatticeFit", {"PeakData", "UsePeak"}};
   Grid sprPeakInf{controls_, "sprPeakInf", PeakInfHeadings()};
   Grid sprPeakInf2{controls_, "sprPeakInf2", PeakInf2Headings()};
@@ -109,7 +110,7 @@ class frmPeakCal : public Form {
   void ShowCell(const CrystalRec& crystal);
   const CrystalRec* Crystal() const;
   CellTexts SeedTexts() const;
-  void TakeSeed(int index, double value);
+  void TakeSeeds();
   void ShowMarks();
   void Forget();
 
@@ -121,7 +122,6 @@ class frmPeakCal : public Form {
   ResultBoxes Boxes() const;
   SeedRecord Sample() const;
   void Narrate();
-  void Correct();
 
   void FillPeakGrids();
   void ShowRows();

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <utility>
 
 #include "lattice/CalLattice.h"
 #include "processing/Units.h"
@@ -27,6 +29,27 @@ bool IsPlain(int index) {
 std::string IndexText(int h, int k, int l) {
   const char* gap = IsPlain(h) && IsPlain(k) && IsPlain(l) ? "" : " ";
   return std::to_string(h) + gap + std::to_string(k) + gap + std::to_string(l);
+}
+
+// At the energy under which the angle of the spectrum shows d.
+std::optional<LineMark> EnergyMark(const Workspace& workspace, int data_no, double d) {
+  const MeasProp& calibration = CalibrationOf(workspace, data_no);
+  // Bragg: lambda = 2 d sin(theta).
+  const double wavelength = 2 * d * std::sin(DegToRad(calibration.TwoTheta / 2));
+  const double number = WaveToCh(wavelength, calibration.EGC);
+  if (!(number > 0)) return {};
+  return LineMark{ChToEnergy(number, calibration.EGC), ""};
+}
+
+// At the channel whose angle shows d with the wavelength of the source.
+std::optional<LineMark> AngleMark(const Workspace& workspace, double d) {
+  const DacAngles& dac = workspace.Dac;
+  const double sine = workspace.Settings.DacWavelength / (2 * d);
+  if (!(sine > 0 && sine <= 1) || dac.DacAngleSlope == 0) return {};
+  const double two_theta_deg = 2 * std::asin(sine) * 180 / kPi;
+  LineMark mark;
+  mark.channel = (two_theta_deg - dac.DacAngleOffset) / dac.DacAngleSlope + 1;
+  return mark;
 }
 
 }  // namespace
@@ -74,10 +97,7 @@ LineRec* MatchedLine(LineTable& lines, int r) {
 
 std::vector<LineMark> CrystalMarks(const LatticeState& state, const Workspace& workspace,
                                    const LatticeWork& work) {
-  const bool chosen = work.ElementIndex >= 0 && IsLatticeType(work.LatticeIndex);
-  if (!chosen || workspace.Spectra[work.DataNo].DataType == kDacData) return {};
-  const MeasProp& calibration = CalibrationOf(workspace, work.DataNo);
-  const double sine = std::sin(DegToRad(calibration.TwoTheta / 2));
+  if (work.ElementIndex < 0 || !IsLatticeType(work.LatticeIndex)) return {};
   CrystalRec crystal = state.Library.CrystalTable[work.ElementIndex];
   crystal.LatticeType = work.LatticeIndex;
   std::vector<LineMark> marks;
@@ -86,12 +106,13 @@ std::vector<LineMark> CrystalMarks(const LatticeState& state, const Workspace& w
   } catch (const Fault&) {  // seeds that make no cell
     return {};
   }
-  const EgcCoef& egc = calibration.EGC;
+  const bool by_angle = workspace.Spectra[work.DataNo].DataType == kDacData;
   for (int j = 0; j < crystal.LineCount; ++j) {
-    // Bragg: lambda = 2 d sin(theta).
-    const double number = WaveToCh(2 * crystal.DCalc[j] * sine, egc);
-    if (!(number > 0)) continue;
-    marks.push_back({ChToEnergy(number, egc), IndexText(crystal.H[j], crystal.K[j], crystal.L[j])});
+    auto mark = by_angle ? AngleMark(workspace, crystal.DCalc[j])
+                         : EnergyMark(workspace, work.DataNo, crystal.DCalc[j]);
+    if (!mark) continue;
+    mark->text = IndexText(crystal.H[j], crystal.K[j], crystal.L[j]);
+    marks.push_back(std::move(*mark));
   }
   return marks;
 }

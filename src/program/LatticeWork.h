@@ -48,9 +48,10 @@ double ExpectedTwoTheta(double two_theta_deg, double a_calc, double seed);
 // The r-th matched line in the order of the peaks, from 1; nullptr where there is none.
 LineRec* MatchedLine(LineTable& lines, int r);
 
-// The lines that a crystal of the library has with these seeds, at their energies, named by their
-// indices. Empty without a crystal, a system or a positive 2-theta, and for an angle-dispersive
-// spectrum, whose lines have no energy.
+// The lines that a crystal of the library has with these seeds, named by their indices: at their
+// energies for the 2-theta that calibrates, in an angle-dispersive spectrum at the channels of
+// their Bragg angles for Settings.DacWavelength. Empty without a crystal, a system, or seeds that
+// make a cell; a line that the angle or the wavelength gives no place is left out.
 std::vector<LineMark> CrystalMarks(const LatticeState& state, const Workspace& workspace,
                                    const LatticeWork& work);
 

@@ -64,7 +64,8 @@ void LineMarks::RegisterLines(const GraphSlot& slot) {
   const int view = program_.view.PileUpOn != kFalse ? 0 : slot.WinNo;
   for (const auto& [owner, lines] : found->second) {
     for (const LineMark& line : lines) {
-      const double number = UnitToCh(kUnitKeV, line.energy_kev, calibration);
+      const double number =
+          line.channel ? *line.channel : UnitToCh(kUnitKeV, line.energy_kev, calibration);
       if (!(number >= 1 && number <= kMaxChannels)) continue;
       program_.spect.AddNamedLine(view, RoundToInt32(number) - 1, line.text,
                                   workspace.ColorTbl[line.color], kAxisFont, kFalse);

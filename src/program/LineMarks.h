@@ -3,6 +3,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,6 +17,9 @@ struct LineMark {
   double energy_kev = 0;
   std::string text;
   int color = kColorElementMark;  // entry of the colour table
+  // Number of its channel, from 1 with a fraction, for a line that has no energy: it stays there
+  // whatever the calibration is.
+  std::optional<double> channel{};
 
   friend bool operator==(const LineMark&, const LineMark&) = default;
 };

@@ -1,4 +1,4 @@
-// What is chosen and typed in the lattice form: opening, mode, sample, system, seeds, angle, end.
+// What is chosen and typed in the lattice form: mode, sample, system, seeds, angle.
 #include <gmock/gmock.h>
 
 #include "forms/PeakCalFixture.h"
@@ -14,134 +14,6 @@ using testing::IsEmpty;
 using testing::Not;
 
 class PeakCalSelectTest : public PeakCalTest {};
-
-// ---- opening and end
-
-TEST_F(PeakCalSelectTest, TextsOfTheForm) {
-  EXPECT_EQ(form.Caption(), "Lattice Caluculate");
-  EXPECT_THAT(form.cmbLatticeType.Items(), ElementsAre("Cubic", "Tetragonal", "Hexagonal",
-                                                       "Orthorhombic", "Monoclinic", "Triclinic"));
-  EXPECT_THAT(form.optSelectMode.Captions(), ElementsAre("Sample", "Pressure Marker"));
-  EXPECT_THAT(form.tabLatticeFit.Captions(), ElementsAre("PeakData", "UsePeak"));
-  EXPECT_EQ(form.fra2ThetaCalib.Caption(), "2θCalibration for Cubic Type");
-  EXPECT_EQ(form.cmdCal.Caption(), "Execute");
-  EXPECT_EQ(form.cmdDataSave.Caption(), "Data Save");
-  EXPECT_EQ(form.cmdExit.Caption(), "Exit");
-  EXPECT_EQ(form.cmd2ThetaCalib.Caption(), "Correct");
-  EXPECT_EQ(form.txtTemp.Text(), "27.0");
-  EXPECT_EQ(form.txt2Theta.Text(), "5.0000");
-}
-
-TEST_F(PeakCalSelectTest, NothingOpensWithoutAGraph) {
-  form.Open(5);
-  EXPECT_THAT(host.Shown(), IsEmpty());
-}
-
-TEST_F(PeakCalSelectTest, OpensOnTheGraphOfItsRow) {
-  Work([&] {
-    EXPECT_EQ(form.GetGrpNo(), view.GraphNo);
-    EXPECT_EQ(form.GetWinNo(), 0);
-    EXPECT_EQ(form.Work().DataNo, data_no);
-    EXPECT_EQ(form.Work().Loading, 0);
-  });
-}
-
-TEST_F(PeakCalSelectTest, OffersTheCrystalsOfTheLibrary) {
-  Work([&] {
-    EXPECT_THAT(form.cmbElement.Items(),
-                ElementsAre("Cu", "Tin", "Al2O3", "Olivine", "Cryolite", "Kyanite", "MgO", "Odd"));
-    EXPECT_EQ(form.cmbElement.Index(), -1);
-  });
-}
-
-TEST_F(PeakCalSelectTest, MissingLibraryIsToldByItsNameAndLeavesTheListEmpty) {
-  files.Remove(folder.Path("crystal.dat"));
-  dialogs.ExpectMessage("File not found: " + folder.Path("crystal.dat"));
-  Work([&] { EXPECT_THAT(form.cmbElement.Items(), IsEmpty()); });
-}
-
-TEST_F(PeakCalSelectTest, BrokenLibraryIsToldByItsLine) {
-  std::string text = LibraryText(1);
-  text.replace(text.find("1,1,1"), 5, "1,x,1");
-  folder.Put("crystal.dat", text);
-  dialogs.ExpectMessage("Not a number: " + folder.Path("crystal.dat") + ", line 13");
-  Work([&] { EXPECT_THAT(form.cmbElement.Items(), IsEmpty()); });
-}
-
-TEST_F(PeakCalSelectTest, ShowsTheAngleThatCalibrates) {
-  Work([&] {
-    EXPECT_EQ(form.txt2Theta.Text(), "6.00000");
-    EXPECT_EQ(form.Work().TwoTheta, 6);
-  });
-}
-
-TEST_F(PeakCalSelectTest, AngleOfAnAngleDispersiveSpectrumIsNotEdited) {
-  workspace.Spectra[data_no].DataType = kDacData;
-  Work([&] {
-    EXPECT_FALSE(form.txt2Theta.Enabled());
-    EXPECT_FALSE(form.cmd2ThetaCalib.Enabled());
-  });
-  workspace.Spectra[data_no].DataType = kNpdData;
-  Work([&] {
-    EXPECT_TRUE(form.txt2Theta.Enabled());
-    EXPECT_TRUE(form.cmd2ThetaCalib.Enabled());
-  });
-}
-
-TEST_F(PeakCalSelectTest, EachOpeningIsAWorkOfItsOwn) {
-  AddLines(kCu);
-  Work([&] { Fit(kCu); });
-  Work([&] {
-    EXPECT_THAT(Texts(form.txtLatticeLength), Each(""));
-    EXPECT_THAT(Texts(form.txtSeedConstant), Each(""));
-    EXPECT_EQ(form.txtVol.Text(), "");
-    EXPECT_EQ(form.sprPeakInf3.MaxRows(), 0);
-    EXPECT_EQ(form.cmbElement.Index(), -1);
-  });
-}
-
-// Changes of controls while the form loads are not those of a user: the log has the one record of
-// InitForm alone.
-TEST_F(PeakCalSelectTest, NothingHappensWhileTheFormLoads) {
-  Work([&] {
-    form.optSelectMode.SetIndex(1);
-    Choose(kMgO);
-  });
-  Work([&] {});
-  EXPECT_EQ(Logged("Mode Changed!!"), 1);
-  EXPECT_EQ(Logged("Lattice Type Changed!!"), 0);
-  EXPECT_EQ(Logged("Element Changed!!"), 0);
-}
-
-TEST_F(PeakCalSelectTest, LogBeginsWithBannerPropertiesAndPeaksAndEndsWithItsBanner) {
-  AddPeak(2);
-  Work([&] {});
-  const std::string narrated = LogText();
-  EXPECT_EQ(narrated.rfind("\"*******************corundumLatticeFitting Log Start***", 0), 0u);
-  EXPECT_THAT(narrated, HasSubstr("\"2θ\",\"6.00000\"\r\n"));
-  EXPECT_THAT(narrated, HasSubstr("\"LOAD\",\"12.50\"\r\n"));
-  EXPECT_THAT(narrated, HasSubstr("\"Number=\",1\r\n"));
-  EXPECT_THAT(narrated,
-              testing::EndsWith(
-                  "\"*************corundumLatticeFitting Log Ende************************\"\r\n"));
-}
-
-TEST_F(PeakCalSelectTest, LogIsKeptUnderTheNameThatTheUserGives) {
-  Work([&] {}, folder.Path("kept.csv"));
-  EXPECT_EQ(dialogs.LastRequest().file_name, "corundum_Result.csv");
-  EXPECT_EQ(folder.Get("kept.csv"), folder.Get("crystalfit.csv"));
-}
-
-TEST_F(PeakCalSelectTest, WorkGoesOnWithoutALogAndStillAsksWhatToKeep) {
-  std::filesystem::create_directory(folder.Path("crystalfit.csv"));
-  AddLines(kCu);
-  dialogs.ExpectMessage("LatticeFit Temp File Open Error");
-  Work([&] {
-    EXPECT_EQ(form.LogFailed(), kTrue);
-    Fit(kCu);
-    EXPECT_NEAR(ValueIn(form.txtLatticeLength[0]), 3.615, 1e-5);
-  });
-}
 
 // ---- mode
 
@@ -165,6 +37,17 @@ TEST_F(PeakCalSelectTest, MarkerModeResetsTheChoiceAndOpensThePressure) {
   });
   EXPECT_EQ(Logged("\"********************* Lattice Fit Mode Changed!! **********\"\r\n\"\"\r\n"),
             2);
+}
+
+TEST_F(PeakCalSelectTest, SampleModeKeepsTheSystemAndForgetsTheSample) {
+  Work([&] {
+    form.optSelectMode.SetIndex(1);
+    Choose(kTin);
+    form.optSelectMode.SetIndex(0);
+    EXPECT_EQ(form.cmbLatticeType.Text(), "Tetragonal");
+    EXPECT_EQ(form.Work().ElementIndex, -1);
+    EXPECT_EQ(form.txtSeedConstant[0].Text(), "5.831600");
+  });
 }
 
 TEST_F(PeakCalSelectTest, SampleModeOpensTheSecondAndThirdSeedAgain) {
@@ -238,6 +121,38 @@ TEST_F(PeakCalSelectTest, SampleOfAnUnknownSystemChangesNoBoxAndIsNotLogged) {
   EXPECT_EQ(Logged("Element Changed!!"), 1);
 }
 
+TEST_F(PeakCalSelectTest, SeedsOfASampleAreThoseThatAreShown) {
+  Work([&] {
+    for (const Sample sample : {kTin, kKyanite, kOdd}) {
+      Choose(sample);
+      for (int k = 0; k < 6; ++k) {
+        const TextBox& box = form.txtSeedConstant[k];
+        if (!box.Enabled()) continue;
+        EXPECT_EQ(form.Work().Seed[k], NumberOf(box.Text())) << sample << k;
+      }
+    }
+  });
+}
+
+TEST_F(PeakCalSelectTest, SampleOfTheSameSystemLogsNoChangeOfTheSystem) {
+  Work([&] {
+    Choose(kCu);
+    Choose(kMgO);
+  });
+  EXPECT_EQ(Logged("Lattice Type Changed!!"), 1);
+  EXPECT_EQ(Logged("Element Changed!!"), 2);
+}
+
+TEST_F(PeakCalSelectTest, SelectionThatIsNoneChangesNothing) {
+  Work([&] {
+    Choose(kTin);
+    form.cmbElement.SetIndex(-1);
+    EXPECT_EQ(form.Work().ElementIndex, kTin);
+    EXPECT_EQ(form.txtSeedConstant[0].Text(), "5.831600");
+  });
+  EXPECT_EQ(Logged("Element Changed!!"), 1);
+}
+
 TEST_F(PeakCalSelectTest, SampleIsLoggedWithItsCell) {
   Work([&] { Choose(kTin); });
   EXPECT_THAT(LogText(),
@@ -286,6 +201,24 @@ TEST_F(PeakCalSelectTest, AnotherSystemOpensItsBoxesAndIsLogged) {
   EXPECT_EQ(Logged("\"********************* Lattice Type Changed!! **********\"\r\n\"\"\r\n"), 2);
 }
 
+TEST_F(PeakCalSelectTest, EverySystemOpensItsBoxesWhenItIsChosenItself) {
+  const std::vector<bool> on[] = {
+      {true, false, false, false, false, false}, {true, false, true, false, false, false},
+      {true, false, true, false, false, false},  {true, true, true, false, false, false},
+      {true, true, true, false, true, false},    {true, true, true, true, true, true}};
+  Work([&] {
+    for (int type = kTriclinic; type >= kCubic; --type) {
+      form.cmbLatticeType.SetIndex(type);
+      EXPECT_EQ(form.Work().LatticeIndex, type);
+      EXPECT_EQ(On(form.txtSeedConstant), on[type]) << type;
+      EXPECT_EQ(On(form.txtLatticeLength), on[type]) << type;
+      EXPECT_EQ(form.lblSeed[1].Enabled(), on[type][1]) << type;
+    }
+    EXPECT_THAT(Texts(form.txtLatticeConstans), Each(""));  // no sample
+  });
+  EXPECT_EQ(Logged("Lattice Type Changed!!"), 6);
+}
+
 // ---- seeds
 
 TEST_F(PeakCalSelectTest, SeedThatIsNoNumberKeepsTheFocus) {
@@ -306,6 +239,19 @@ TEST_F(PeakCalSelectTest, SameSeedIsOnlyShownInItsPicture) {
     EXPECT_EQ(form.sprPeakInf3.MaxRows(), 5);
   });
   EXPECT_EQ(Logged("New Seed"), 0);
+}
+
+// The picture cuts the seventh place off; the seed keeps it.
+TEST_F(PeakCalSelectTest, BoxThatShowsARoundedSeedIsLeftWithoutAChange) {
+  AddLines(kCu);
+  Work([&] {
+    Choose(kCu);
+    Type(form.txtSeedConstant[0], "3.6150004");
+    EXPECT_EQ(form.txtSeedConstant[0].Text(), "3.615000");
+    EXPECT_TRUE(form.txtSeedConstant[0].Leave());
+    EXPECT_EQ(form.Work().Seed[0], 3.6150004);
+  });
+  EXPECT_EQ(Logged("New Seed"), 1);
 }
 
 TEST_F(PeakCalSelectTest, NewSeedIsLoggedAndForgetsWhatWasIndexed) {
@@ -340,6 +286,53 @@ TEST_F(PeakCalSelectTest, SameAngleIsOnlyShownInItsPicture) {
   EXPECT_EQ(Logged("2θChanged"), 0);
 }
 
+// An angle of a file has more places than its picture.
+TEST_F(PeakCalSelectTest, BoxThatShowsARoundedAngleIsLeftWithoutAChange) {
+  workspace.Spectra[data_no].Prop.TwoTheta = 6.0000012;
+  AddLines(kCu);
+  Work([&] {
+    Fit(kCu);
+    EXPECT_EQ(form.txt2Theta.Text(), "6.00000");
+    EXPECT_TRUE(form.txt2Theta.Leave());
+    EXPECT_EQ(form.Work().TwoTheta, 6.0000012);
+    EXPECT_EQ(workspace.Spectra[data_no].Prop.TwoTheta, 6.0000012);
+    EXPECT_EQ(form.sprPeakInf3.MaxRows(), 5);
+  });
+  EXPECT_EQ(Logged("2θChanged"), 0);
+}
+
+TEST_F(PeakCalSelectTest, AngleOfZeroHasNoDValues) {
+  AddPeak(2);
+  Work([&] {
+    EXPECT_TRUE(Type(form.txt2Theta, "0"));
+    EXPECT_EQ(form.txt2Theta.Text(), "0.00000");
+    EXPECT_EQ(form.sprPeakInf.Text(1, 3), "0.00000");
+  });
+}
+
+TEST_F(PeakCalSelectTest, NewAngleRenewsTheDValuesAlone) {
+  AddPeak(2);
+  Work([&] {
+    auto row = RowOf(form.sprPeakInf, 1);
+    Type(form.txt2Theta, "6.1");
+    row[2] = "1.96724";
+    EXPECT_EQ(RowOf(form.sprPeakInf, 1), row);
+  });
+}
+
+TEST_F(PeakCalSelectTest, NewAngleCountsWithTheDefaultCalibrationToo) {
+  workspace.UseFileEgc = 0;
+  workspace.DefaultProp.EGC[1] = 0.02;
+  AddPeak(2);
+  Work([&] {
+    EXPECT_EQ(form.txt2Theta.Text(), "5.50000");
+    Type(form.txt2Theta, "6.1");
+    EXPECT_EQ(form.sprPeakInf.Text(1, 3), "1.96724");
+  });
+  EXPECT_EQ(workspace.DefaultProp.TwoTheta, 5.5);
+  EXPECT_EQ(workspace.Spectra[data_no].Prop.TwoTheta, 6);
+}
+
 TEST_F(PeakCalSelectTest, NewAngleCountsAtOnceAndIsLogged) {
   AddPeak(2);
   Work([&] {
@@ -366,19 +359,6 @@ TEST_F(PeakCalSelectTest, NewAngleForgetsWhatWasIndexed) {
     EXPECT_EQ(form.sprPeakInf3.MaxRows(), 0);
     EXPECT_EQ(form.State().Lines[0].Matched, kFalse);
   });
-}
-
-TEST_F(PeakCalSelectTest, TheEndGivesTheAnglesBack) {
-  Work([&] { Type(form.txt2Theta, "6.1"); });
-  EXPECT_EQ(workspace.DefaultProp.TwoTheta, 5.5);
-  EXPECT_EQ(workspace.Spectra[data_no].Prop.TwoTheta, 6);
-}
-
-TEST_F(PeakCalSelectTest, TheEndGivesTheAnglesBackWithoutALog) {
-  std::filesystem::create_directory(folder.Path("crystalfit.csv"));
-  dialogs.ExpectMessage("LatticeFit Temp File Open Error");
-  Work([&] { Type(form.txt2Theta, "6.1"); });
-  EXPECT_EQ(workspace.DefaultProp.TwoTheta, 5.5);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <cmath>
+
 #include "processing/Units.h"
 #include "program/MoveGraph.h"
 #include "program/ProgramFixture.h"
@@ -61,6 +63,25 @@ TEST_F(LineMarksTest, ANewCalibrationMovesTheLines) {
   SetEGCParam(program, 0);
   EXPECT_THAT(ChannelsIn(0), ElementsAre(600));
   EXPECT_GE(listener.Count("redraw 0"), 1);
+}
+
+TEST_F(LineMarksTest, ALineWithAChannelOfItsOwnStaysThereWhateverTheCalibration) {
+  LineMark line{0, "111"};
+  line.channel = 300.4;  // a channel number
+  marks.Set("hkl", data_no, {line});
+  EXPECT_THAT(ChannelsIn(0), ElementsAre(299));
+  workspace.DefaultProp.EGC = {};
+  SetEGCParam(program, 0);
+  EXPECT_THAT(ChannelsIn(0), ElementsAre(299));
+}
+
+TEST_F(LineMarksTest, AChannelOutsideOfTheEngineIsNotDrawn) {
+  for (const double channel : {0.4, -3.0, 8193.0, 1e300, std::nan("")}) {
+    LineMark line{0, "111"};
+    line.channel = channel;
+    marks.Set("hkl", data_no, {line});
+    EXPECT_THAT(ChannelsIn(0), IsEmpty()) << channel;
+  }
 }
 
 TEST_F(LineMarksTest, AnEnergyWithoutAChannelIsNotDrawn) {

@@ -1,6 +1,7 @@
 #include "forms/frmPeakCal.h"
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 
@@ -154,6 +155,12 @@ QWidget* Lines(frmPeakCal& form, FormWindow& window) {
   return window.Of(form.tabLatticeFit);
 }
 
+QWidget* PeakHintLine(frmPeakCal& form, FormWindow& window) {
+  auto* hint = window.As<QLabel>(form.lblPeakHint);
+  hint->setWordWrap(true);
+  return hint;
+}
+
 QWidget* Plot(frmPeakCal& form, FormWindow& window) {
   auto* view = window.As<PictureView>(form.picDeviation);
   view->setMinimumHeight(kLeastPlotHeight);
@@ -185,6 +192,7 @@ void LayOut(frmPeakCal& form, FormWindow& window) {
 
   auto* right = new QVBoxLayout;
   right->setSpacing(kGap);
+  right->addWidget(PeakHintLine(form, window));
   right->addWidget(Lines(form, window), 3);
   right->addWidget(Plot(form, window), 2);
 
