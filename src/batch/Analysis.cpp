@@ -203,7 +203,7 @@ void AnalysisRun::Index(const CrystalLibrary& library) {
   }
   result_.indexed = true;
   result_.mode = request.mode;
-  result_.temperature = request.temperature;
+  result_.temperature_c = NumberOf(request.temperature);
   result_.lattice = request_.judge_range ? RunWithin(*request_.judge_range, library, request)
                                          : RunWidening(library, request);
   result_.log = WorkRecords(*state_, program_->workspace, data_no_, request, result_.lattice);

@@ -60,7 +60,7 @@ struct Analysis {
   bool indexed = false;  // a crystal was known
   LatticeMode mode = LatticeMode::Sample;
   LatticeReport lattice;
-  std::string temperature;             // degrees Celsius
+  double temperature_c = 0;
   LogRecords log;                      // of the lattice work; none where no crystal was known
   std::vector<std::string> notes;      // messages and hints, in their order
   std::optional<std::string> failure;  // why the cell or the pressure that was asked for is missing

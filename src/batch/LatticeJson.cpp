@@ -3,7 +3,6 @@
 
 #include "batch/Tables.h"
 #include "lattice/CalLattice.h"
-#include "support/NumberText.h"
 
 namespace dorvane {
 namespace {
@@ -39,7 +38,7 @@ Json PressureJson(const Analysis& analysis) {
           {"error", pressure.Error},
           {"text", pressure.Text},
           {"scale", pressure.Scale->Name},
-          {"temperature_C", NumberOf(analysis.temperature)}};
+          {"temperature_C", analysis.temperature_c}};
 }
 
 Json AnalysisJson(const Analysis& analysis) {

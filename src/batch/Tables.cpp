@@ -120,8 +120,9 @@ std::string LatticeText(const Analysis& analysis) {
   }
   if (lattice.pressure) {
     const ValueWithError pressure{lattice.pressure->P, lattice.pressure->Error};
-    text += ValueLine("P", pressure, "0.00000", "GPa") + " at " + analysis.temperature +
-            " deg C  (" + lattice.pressure->Scale->Name + ")\n";
+    text += ValueLine("P", pressure, "0.00000", "GPa") + " at " +
+            PlainNumber(analysis.temperature_c) + " deg C  (" + lattice.pressure->Scale->Name +
+            ")\n";
   }
   return text;
 }
@@ -170,7 +171,7 @@ std::string HeadLine(const Analysis& analysis) {
     text += "    V/V0 = " + CompactValue(lattice.ratio->value, lattice.ratio->error);
   if (lattice.pressure) {
     text += "    P = " + CompactValue(lattice.pressure->P, std::fabs(lattice.pressure->Error)) +
-            " GPa at " + analysis.temperature + " °C";
+            " GPa at " + PlainNumber(analysis.temperature_c) + " °C";
   }
   return text;
 }
