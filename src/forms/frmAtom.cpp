@@ -52,13 +52,15 @@ void Choose(std::set<int>& chosen, int member, bool in) {
 
 }  // namespace
 
-frmAtom::frmAtom(Program& program, FormHost& host, ElementStore& store, LineMarks& line_marks)
+frmAtom::frmAtom(Program& program, FormHost& host, ElementStore& store, SettingsStore& settings,
+                 LineMarks& line_marks)
     : Form(host, "frmAtom", "Atom elements periodic Table"),
+      AtomSel(StoredAtomSel(settings)),
       element(program, host, store, AtomSel),
       program_(program),
       store_(store),
+      settings_(settings),
       line_marks_(line_marks) {
-  for (auto& row : AtomSel) row.fill(kTrue);
   for (int kind = 0; kind < kLineKinds; ++kind) {
     tglPkDisp[kind].SetCaption(kKindCaptions[kind]);
     tglPkDisp[kind].SetTip(kKindTips[kind]);
@@ -164,7 +166,10 @@ void frmAtom::tglPkDisp_Click(int kind) {
   if (Filling_) return;
   const bool pressed = tglPkDisp[kind].Pressed();
   if (mode_ == Mode::Edit) {
-    if (edited_ != 0) AtomSel[kind][edited_] = pressed ? kTrue : kFalse;
+    if (edited_ != 0) {
+      AtomSel[kind][edited_] = pressed ? kTrue : kFalse;
+      KeepAtomSel(settings_, AtomSel);
+    }
   } else if (GraphMarks* graph = Target()) {
     Choose(graph->kinds, kind, pressed);
     MarkKind(*graph, kind);

@@ -21,12 +21,15 @@ namespace dorvane {
 // toggles change the table: an element, one at a time, shows its row and the kinds write it. The
 // graphs take the new table when the mode goes back. A listener of the program, added behind the
 // line marks.
+//
+// `settings` keeps the table of selections between two runs.
 class frmAtom : public Form, public WorkspaceListener {
  public:
   enum class Mode { Edit, Mark };
 
   // All of them outlive the form.
-  frmAtom(Program& program, FormHost& host, ElementStore& store, LineMarks& line_marks);
+  frmAtom(Program& program, FormHost& host, ElementStore& store, SettingsStore& settings,
+          LineMarks& line_marks);
 
   // Shows the form for the graph of a row; a row without a graph leaves nothing to mark.
   void Open(int grp_no, Mode mode);
@@ -41,9 +44,10 @@ class frmAtom : public Form, public WorkspaceListener {
   void SelectorFilled() override { ShowHint(); }
   void CalibrationShown() override { ShowHint(); }
 
-  AtomSelTable AtomSel;  // at first every line of every element
+  AtomSelTable AtomSel;
   frmElement element;
 
+  Frame frmPkDisp{controls_, "frmPkDisp", "Lines"};
   Frame frmMode{controls_, "frmMode", "Mode"};
   ToggleButton optEdit{controls_, "optEdit", "Edit"};
   ToggleButton optMark{controls_, "optMark", "Mark"};
@@ -78,6 +82,7 @@ class frmAtom : public Form, public WorkspaceListener {
 
   Program& program_;
   ElementStore& store_;
+  SettingsStore& settings_;
   LineMarks& line_marks_;
   Mode mode_ = Mode::Mark;
   int data_no_ = -1;                  // of the target; -1 none

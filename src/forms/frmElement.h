@@ -2,23 +2,18 @@
 // symbol.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "forms/AtomSelection.h"
 #include "forms/ControlArray.h"
 #include "forms/Controls.h"
 #include "forms/Form.h"
 #include "program/Program.h"
 #include "support/ElementStore.h"
-#include "support/Fixed.h"
 
 namespace dorvane {
-
-// Which lines of which element are selected: row is the line kind, column the atomic number; -1
-// yes, 0 no.
-using AtomSelTable = Fixed<Fixed<std::int16_t, 0, kLastElement>, 0, kLineKinds - 1>;
 
 // An energy of a record.
 struct ElementEnergy {

@@ -46,7 +46,7 @@ Session::Session(const Places& places, SettingsStore& settings)
       keys(host),
       manual_fit(program, host),
       fit_input(program, host),
-      atom(program, host, element_table, line_marks),
+      atom(program, host, element_table, settings, line_marks),
       lattice(program, host, settings, line_marks),
       form_views(host, IconOf),
       places_(places),

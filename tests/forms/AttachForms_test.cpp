@@ -18,7 +18,7 @@ class AttachFormsTest : public MainFormTest {
   frmInputFitParameter fit_input{program, host};
   FakeElementStore store;
   LineMarks line_marks{program};
-  frmAtom atom{program, host, store, line_marks};
+  frmAtom atom{program, host, store, settings, line_marks};
   frmPeakCal lattice{program, host, settings, line_marks};
 };
 

@@ -48,7 +48,7 @@ class MonkeyRun {
         keys(outside.host),
         manual_fit(*program, outside.host),
         fit_input(*program, outside.host),
-        atom(*program, outside.host, elements, line_marks),
+        atom(*program, outside.host, elements, outside.settings, line_marks),
         message(outside.host),
         input(outside.host) {
     views.Add(line_marks);

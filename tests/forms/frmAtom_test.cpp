@@ -7,6 +7,7 @@
 #include "program/MoveGraph.h"
 #include "program/ProgramFixture.h"
 #include "program/View.h"
+#include "support/MemorySettings.h"
 
 namespace dorvane {
 namespace {
@@ -56,7 +57,8 @@ class frmAtomTest : public ProgramTest {
   FakeElementStore store;
   ScriptedFormHost host;
   LineMarks line_marks{program};
-  frmAtom form{program, host, store, line_marks};
+  MemorySettings settings;
+  frmAtom form{program, host, store, settings, line_marks};
   std::int16_t data_no = 0;
 };
 
@@ -148,6 +150,39 @@ TEST_F(frmAtomTest, AtFirstEveryLineOfEveryElementIsSelected) {
   for (int kind = 0; kind < kLineKinds; ++kind) {
     for (int num = 1; num <= 103; ++num) EXPECT_EQ(form.AtomSel[kind][num], kTrue);
   }
+}
+
+TEST_F(frmAtomTest, SelectionsAreKeptWhileTheFormIsHidden) {
+  form.Open(0, frmAtom::Mode::Edit);
+  Press(kFe);
+  ReleaseKind(kKa1);
+  form.cmdCancel.Press();
+  form.Open(0, frmAtom::Mode::Edit);
+  EXPECT_FALSE(form.tglPkDisp[kKa1].Pressed());
+  EXPECT_TRUE(form.tglPkDisp[kKa2].Pressed());
+}
+
+TEST_F(frmAtomTest, SelectionsAreKeptForTheNextRun) {
+  form.Open(0, frmAtom::Mode::Edit);
+  Press(kFe);
+  ReleaseKind(kKa1);
+  ReleaseKind(kEdg);
+  Press(kPb);
+  ReleaseKind(kKAve);
+  PressKind(kKAve);
+  EXPECT_THAT(settings.Texts("AtomSel"), ElementsAre("26 10111110"));
+  const frmAtom next{program, host, store, settings, line_marks};
+  for (int kind = 0; kind < kLineKinds; ++kind) {
+    EXPECT_EQ(next.AtomSel[kind][kFe], form.AtomSel[kind][kFe]) << kind;
+    EXPECT_EQ(next.AtomSel[kind][kPb], kTrue);
+  }
+}
+
+TEST_F(frmAtomTest, MarksWriteNoSettings) {
+  Open();
+  Press(kFe);
+  PressKind(kKa1);
+  EXPECT_EQ(settings.writes, 0);
 }
 
 TEST_F(frmAtomTest, OfEditAndMarkOneIsDown) {

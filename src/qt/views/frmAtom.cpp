@@ -95,9 +95,16 @@ QGridLayout* Table(frmAtom& form, FormWindow& window) {
   return grid;
 }
 
-QHBoxLayout* Kinds(frmAtom& form, FormWindow& window) {
-  QHBoxLayout* row = RowOf({});
+// The row of toggles within a frame.
+QHBoxLayout* FrameRow(QWidget* frame) {
+  auto* row = new QHBoxLayout(frame);
+  row->setContentsMargins(kGap, kGap / 2, kGap, kGap / 2);
   row->setSpacing(kCellGap);
+  return row;
+}
+
+void Kinds(frmAtom& form, FormWindow& window) {
+  QHBoxLayout* row = FrameRow(window.Of(form.frmPkDisp));
   QList<QWidget*> toggles;
   for (int kind = 0; kind < form.tglPkDisp.Size(); ++kind) {
     QWidget* toggle = window.Of(form.tglPkDisp[kind]);
@@ -110,27 +117,23 @@ QHBoxLayout* Kinds(frmAtom& form, FormWindow& window) {
     return std::clamp(from + down + right, 0, last);
   };
   new ArrowWalk(toggles, next, &window);
-  return row;
 }
 
-QHBoxLayout* Modes(frmAtom& form, FormWindow& window) {
-  auto* row = new QHBoxLayout(window.Of(form.frmMode));
-  row->setContentsMargins(kGap, kGap / 2, kGap, kGap / 2);
-  row->setSpacing(kCellGap);
+void Modes(frmAtom& form, FormWindow& window) {
+  QHBoxLayout* row = FrameRow(window.Of(form.frmMode));
   for (const ToggleButton* mode : {&form.optEdit, &form.optMark}) {
     window.Of(*mode)->setMinimumSize(64, 28);
     row->addWidget(window.Of(*mode));
   }
-  return row;
 }
 
 }  // namespace
 
 void LayOut(frmAtom& form, FormWindow& window) {
+  Kinds(form, window);
   Modes(form, window);
   auto* head = new QHBoxLayout;
-  head->setSpacing(2 * kGap);
-  head->addLayout(Kinds(form, window));
+  head->addWidget(window.Of(form.frmPkDisp));
   head->addStretch();
   head->addWidget(window.Of(form.frmMode));
   window.As<LabelView>(form.lblHint)->SetElided();

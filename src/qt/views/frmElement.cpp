@@ -1,5 +1,7 @@
 #include "forms/frmElement.h"
 
+#include <QLineEdit>
+
 #include "qt/binding/Layouts.h"
 #include "qt/views/Parts.h"
 #include "qt/views/Views.h"
@@ -10,45 +12,40 @@ namespace {
 constexpr const char* kWidestEnergy = "000.0000";
 constexpr const char* kWidestName = "Protactinium";
 constexpr int kColumnGap = 16;
+constexpr int kHalf = 4;  // columns of the grid: caption, value, unit, gap
+constexpr int kRows = kLineKinds / 2;
 
-QGridLayout* Grid() {
+// A name, which takes the columns of value and unit.
+void AddName(QGridLayout* grid, int row, int half, FormWindow& window, TextBox& box) {
+  const bool typed = !box.ReadOnly();
+  auto* field = typed ? Entry(window, box, kWidestName) : ReadOut(window, box, kWidestName);
+  static_cast<QLineEdit*>(field)->setAlignment(Qt::AlignLeft);
+  grid->addWidget(window.CaptionOf(box), row, half * kHalf);
+  grid->addWidget(field, row, half * kHalf + 1, 1, 2);
+}
+
+void AddEnergy(QGridLayout* grid, int row, int half, FormWindow& window, TextBox& box) {
+  grid->addWidget(window.CaptionOf(box), row, half * kHalf);
+  grid->addWidget(ReadOut(window, box, kWidestEnergy), row, half * kHalf + 1);
+  grid->addWidget(new QLabel("keV", window.centralWidget()), row, half * kHalf + 2);
+}
+
+// What is searched for, the names, and the eight energies in two columns.
+QGridLayout* Fields(frmElement& form, FormWindow& window) {
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(kGap);
   grid->setVerticalSpacing(kGap);
-  grid->setColumnMinimumWidth(3, kColumnGap);
-  return grid;
-}
-
-void AddField(QGridLayout* grid, int row, int column, FormWindow& window, TextBox& box) {
-  const auto field = box.ReadOnly() ? ReadOut : Entry;
-  grid->addWidget(window.CaptionOf(box), row, column);
-  grid->addWidget(field(window, box, kWidestName), row, column + 1);
-}
-
-QGridLayout* Names(frmElement& form, FormWindow& window) {
-  QGridLayout* grid = Grid();
-  AddField(grid, 0, 0, window, form.txtNumFind);
-  AddField(grid, 0, 4, window, form.txtSymbFind);
-  AddField(grid, 1, 0, window, form.txtNum);
-  AddField(grid, 1, 4, window, form.txtSymbol);
-  AddField(grid, 2, 0, window, form.txtElement);
-  AddField(grid, 2, 4, window, form.txtElementName);
-  return grid;
-}
-
-// The eight energies in two columns.
-QGridLayout* Energies(frmElement& form, FormWindow& window) {
-  QGridLayout* grid = Grid();
-  const int rows = kLineKinds / 2;
+  grid->setColumnMinimumWidth(kHalf - 1, kColumnGap);
+  AddName(grid, 0, 0, window, form.txtNumFind);
+  AddName(grid, 0, 1, window, form.txtSymbFind);
+  AddName(grid, 1, 0, window, form.txtNum);
+  AddName(grid, 1, 1, window, form.txtSymbol);
+  AddName(grid, 2, 0, window, form.txtElement);
+  AddName(grid, 2, 1, window, form.txtElementName);
+  grid->setRowMinimumHeight(3, kGap);
   for (int kind = 0; kind < kLineKinds; ++kind) {
-    const int column = kind / rows * 4;
-    TextBox& box = form.txtEnergy[kind];
-    grid->addWidget(window.CaptionOf(box), kind % rows, column);
-    grid->addWidget(ReadOut(window, box, kWidestEnergy), kind % rows, column + 1, Qt::AlignRight);
-    grid->addWidget(new QLabel("keV", window.centralWidget()), kind % rows, column + 2);
+    AddEnergy(grid, 4 + kind % kRows, kind / kRows, window, form.txtEnergy[kind]);
   }
-  grid->setColumnStretch(1, 1);
-  grid->setColumnStretch(5, 1);
   return grid;
 }
 
@@ -56,9 +53,7 @@ QGridLayout* Energies(frmElement& form, FormWindow& window) {
 
 void LayOut(frmElement& form, FormWindow& window) {
   QVBoxLayout* column = WindowColumn(window);
-  column->addLayout(Names(form, window));
-  column->addSpacing(kGap);
-  column->addLayout(Energies(form, window));
+  column->addLayout(Fields(form, window));
   column->addStretch();
   QHBoxLayout* foot = ButtonRow(window, {&form.cmdCancel});
   foot->insertWidget(0, window.Of(form.lblResult));

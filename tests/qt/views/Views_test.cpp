@@ -20,6 +20,7 @@
 #include "program/Cursor.h"
 #include "program/ProgramFixture.h"
 #include "qt/binding/BindingFixture.h"
+#include "support/MemorySettings.h"
 
 namespace dorvane {
 namespace {
@@ -61,7 +62,8 @@ class Views : public ProgramTest {
   frmInputFitParameter fit_input{program, host};
   FakeElementStore store;
   LineMarks line_marks{program};
-  frmAtom atom{program, host, store, line_marks};
+  MemorySettings settings;
+  frmAtom atom{program, host, store, settings, line_marks};
   FormViews windows{host};
 };
 
