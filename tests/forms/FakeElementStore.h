@@ -22,6 +22,13 @@ class FakeElementStore : public ElementStore {
       Record(82, "Pb", "Lead",
              {74.1618, 74.9693, 72.8045, 84.9381, 10.5512, 12.6144, 14.7648, 88.0045})};
 
+  // As a table may be: not there, empty, without an element; or as it is meant to be.
+  void Harm(int kind) {
+    there = kind != 0;
+    if (kind == 1) records.clear();
+    if (kind == 2) records.pop_back();
+  }
+
   bool Open(const std::string& path) override {
     paths.push_back(path);
     return open_ = there;

@@ -3,110 +3,22 @@
 #pragma once
 
 #include <array>
-#include <cstring>
 #include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "display/RecordingSurface.h"
-#include "forms/AttachForms.h"
-#include "forms/FakeElementStore.h"
+#include "forms/AtomInvariants.h"
 #include "forms/FormInvariants.h"
+#include "forms/LatticeInvariants.h"
 #include "forms/MonkeyHand.h"
+#include "forms/MonkeyLattice.h"
 #include "forms/MonkeyPorts.h"
-#include "forms/frmDialogMessage.h"
-#include "forms/frmInput.h"
-#include "program/Program.h"
+#include "forms/MonkeyRun.h"
 #include "support/MemorySettings.h"
-#include "workspace/ListenerFan.h"
 
 namespace dorvane {
-
-// One run of the program, from its start to its end, with its forms joined as on the desktop.
-class MonkeyRun {
- public:
-  struct Outside {
-    Dialogs& dialogs;
-    FileLayer& files;
-    Progress& progress;
-    FormHost& host;
-    Launcher& launcher;
-    SettingsStore& settings;
-    WorkspaceListener& ears;
-  };
-
-  MonkeyRun(const Outside& outside, const std::string& directory)
-      : views(outside.ears),
-        log(outside.host),
-        program(std::make_unique<Program>(
-            Ports{outside.dialogs, outside.files, log, outside.progress, views}, directory)),
-        line_marks(*program),
-        main(*program, outside.host, outside.launcher, outside.settings),
-        graphs(*program, outside.host),
-        regions(*program, outside.host),
-        keys(outside.host),
-        manual_fit(*program, outside.host),
-        fit_input(*program, outside.host),
-        atom(*program, outside.host, elements, outside.settings, line_marks),
-        message(outside.host),
-        input(outside.host) {
-    views.Add(line_marks);
-    views.Add(main);
-    views.Add(graphs);
-    views.Add(regions);
-    views.Add(atom);
-    AttachForms(main, graphs, regions, log, keys);
-    AttachFitForms(main, *program, manual_fit, fit_input);
-    AttachAtom(main, *program, atom);
-    main.Ended.Connect([this] { ended = true; });
-  }
-
-  ListenerFan views;
-  frmLog log;
-  std::unique_ptr<Program> program;
-  FakeElementStore elements;
-  LineMarks line_marks;
-  frmDorvane main;
-  frmSelGraph graphs;
-  frmRoiReport regions;
-  frmKeys keys;
-  frmManualFit manual_fit;
-  frmInputFitParameter fit_input;
-  frmAtom atom;
-  frmDialogMessage message;
-  frmInput input;
-  bool ended = false;
-};
-
-// A number that tells two states of the store apart.
-inline std::uint64_t Digest(const Program& program) {
-  std::uint64_t digest = 14695981039346656037u;  // FNV-1a
-  const auto add = [&digest](const auto& value) {
-    unsigned char bytes[sizeof value];
-    std::memcpy(bytes, &value, sizeof value);
-    for (const unsigned char byte : bytes) digest = (digest ^ byte) * 1099511628211u;
-  };
-  const Workspace& workspace = program.workspace;
-  for (const GraphSlot& slot : workspace.Slots) {
-    for (const char c : slot.Title) add(c);
-    for (const int each : {slot.State, slot.WinNo, slot.DataNo, slot.Disp}) add(each);
-    add(slot.Color);
-  }
-  for (int data_no = 0; data_no < kSpectra; ++data_no) {
-    for (const std::int32_t count : workspace.Channels[data_no].Used()) add(count);
-    for (int i = 0; i < workspace.Peaks[data_no].Count; ++i) {
-      add(workspace.Peaks[data_no].Peaks[i].Center);
-      add(workspace.Peaks[data_no].Peaks[i].Height);
-    }
-  }
-  for (int i = 0; i < workspace.Regions.RoiCount; ++i) add(workspace.Regions.Rois[i].Total);
-  const ViewState& view = program.view;
-  for (const double each : {view.StartCh, view.SpanCh, view.CursorExact}) add(each);
-  for (const int each : {view.CurWin, view.GraphNo, view.DataNo, view.CursorCh}) add(each);
-  add(view.HeightY);
-  return digest;
-}
 
 class Monkey {
  public:
@@ -123,10 +35,13 @@ class Monkey {
   }
 
   // One action; answers what is wrong afterwards, empty when all is well.
-  std::vector<std::string> Act() {
+  Wrong Act() {
     happened_ = {};
+    wrong_.clear();
     actions_.emplace_back();
-    layer_.FailAt(dice_.OneIn(25) ? 1 + dice_.Below(12) : 0);
+    happened_.library_whole = files_.LibraryWhole();
+    happened_.files_unsure = dice_.OneIn(25);
+    layer_.FailAt(happened_.files_unsure ? 1 + dice_.Below(12) : 0);
     if (run_->ended) {
       Tell("start");
       Start();
@@ -134,10 +49,14 @@ class Monkey {
       Choose();
     }
     layer_.FailAt(0);
-    std::vector<std::string> wrong = store_.Check(*run_->program, happened_);
+    Wrong wrong = std::move(wrong_);
+    EndLattice(wrong);
+    for (std::string& rule : store_.Check(*run_->program, happened_))
+      wrong.push_back(std::move(rule));
     CheckForms(run_->main, *run_->program, wrong);
     if (!store_.OpenedInVain()) CheckGraphList(run_->graphs, *run_->program, wrong);
     CheckRegions(run_->regions, *run_->program, wrong);
+    CheckAtom(run_->atom, *run_->program, run_->elements, wrong);
     for (const std::string& note : happened_.notes) Tell("[" + note + "]");
     return wrong;
   }
@@ -150,7 +69,7 @@ class Monkey {
   static constexpr std::array kCommon{"LoadData", "LoadData", "SaveData",  "Smooth",  "BackGround",
                                       "MkIns",    "All",      "Fit",       "AllFit",  "MkDel",
                                       "RoiAdd",   "RoiDel",   "JmpRight",  "JmpLeft", "AreaCursor",
-                                      "AutoFit",  "Split",    "NaxAllFit", "Atom"};
+                                      "AutoFit",  "Split",    "NaxAllFit", "Atom",    "hkl"};
 
   void Start() {
     if (dice_.OneIn(4)) files_.HarmParameters();
@@ -158,6 +77,7 @@ class Monkey {
     run_ = std::make_unique<MonkeyRun>(
         MonkeyRun::Outside{dialogs_, layer_, progress_, host_, launcher_, settings_, ears_},
         files_.Path(""));
+    run_->elements.Harm(dice_.Below(6));
     store_ = {};
     run_->main.Show();
     run_->main.Form_Load(files_.Path(""));
@@ -185,6 +105,10 @@ class Monkey {
       Paint();
     } else if (turn < 84) {
       MarkRegion();
+    } else if (turn < 87) {
+      OpenLattice();
+    } else if (turn < 89 && run_->atom.Visible()) {
+      PressAtom();
     } else {
       Press(dice_.OneOf(kCommon));
     }
@@ -201,6 +125,7 @@ class Monkey {
   }
 
   void Work(Form& form) {
+    if (&form == &run_->lattice) return WorkLattice();
     std::vector<Control*> usable;
     for (Control* control : form.Controls().All()) {
       if (control->Enabled() && control->Visible()) usable.push_back(control);
@@ -210,6 +135,60 @@ class Monkey {
     Tell(form.Name() + "." + control->Name());
     control->Accept(hand_);
     if (dice_.OneIn(4)) focused_ = control->Name();
+  }
+
+  // A spectrum with the lines of a crystal, mostly, and the form on it.
+  void OpenLattice() {
+    files_.PutLibrary();
+    Tell(files_.LibraryWhole() ? "library" : "harmed library");
+    happened_.library_whole = files_.LibraryWhole();
+    const std::string directory = dice_.OneIn(8) ? files_.Path("no_such_folder") : "";
+    SetResultDirectory(settings_, directory);
+    if (!dice_.OneIn(4)) {
+      const std::string path = files_.WithLines();
+      Tell("drop " + files_.WithoutFolder(path));
+      run_->main.Drop({path});
+    }
+    Press("hkl");
+  }
+
+  // A few gestures, each judged by itself.
+  void WorkLattice() {
+    frmPeakCal& form = run_->lattice;
+    if (!lattice_.IsOpen()) {
+      const bool here = ResultDirectory(settings_, files_.Path("")) == files_.Path("");
+      lattice_.Begin(form, *run_->program, here);
+    }
+    const std::string& title = run_->program->workspace.Slots[form.GetGrpNo()].Title;
+    MonkeyLattice hand(form, title, dice_, hand_);
+    for (int i = 0; i < 3 && form.Visible(); ++i) {
+      if (dice_.OneIn(20)) {
+        happened_.files_unsure = true;
+        layer_.FailAt(1 + dice_.Below(3));
+      }
+      lattice_.Before(form, *run_->program, happened_);
+      const LatticeGesture gesture = hand.Gesture();
+      lattice_.After(form, *run_->program, gesture, happened_, !store_.OpenedInVain(), wrong_);
+    }
+  }
+
+  void EndLattice(Wrong& wrong) {
+    if (!lattice_.IsOpen()) return;
+    lattice_.End(run_->lattice, *run_->program, happened_, !store_.OpenedInVain(), wrong);
+  }
+
+  // The elements of the table rather than any.
+  void PressAtom() {
+    frmAtom& atom = run_->atom;
+    const int turn = dice_.Below(10);
+    ToggleButton& toggle = turn == 0  ? atom.optEdit
+                           : turn < 3 ? atom.optMark
+                           : turn < 6
+                               ? atom.tglPkDisp[dice_.Below(kLineKinds)]
+                               : atom.tglAtom[dice_.OneOf(std::array{1, 26, 82, 26, 82, 103})];
+    if (!toggle.Enabled()) return;
+    Tell("frmAtom." + toggle.Name());
+    toggle.Accept(hand_);
   }
 
   // A command by its key, as a hand that knows where the button is.
@@ -302,6 +281,8 @@ class Monkey {
   MonkeyHand hand_{dice_};
   std::string focused_;
   StoreInvariants store_;
+  LatticeInvariants lattice_{files_};
+  Wrong wrong_;  // within the action
   std::unique_ptr<MonkeyRun> run_;
 };
 

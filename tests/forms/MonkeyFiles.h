@@ -9,11 +9,13 @@
 #include <memory>
 #include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "files/FileDorvane.h"
 #include "files/FileNPD.h"
 #include "files/FilePara.h"
+#include "forms/SmallLibrary.h"
 #include "support/FailingFileLayer.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TemporaryFolder.h"
@@ -62,6 +64,10 @@ class UnsureFiles : public FileLayer {
   std::unique_ptr<FailingFileLayer> layer_ = std::make_unique<FailingFileLayer>(system_, 0);
 };
 
+constexpr const char* kLibraryName = "crystal.dat";
+// Spectra with the peaks of a crystal are called so, with the number of the crystal.
+constexpr std::string_view kWithLines = "crystal";
+
 class MonkeyFiles {
  public:
   explicit MonkeyFiles(Dice& dice) : dice_(dice) {
@@ -73,9 +79,13 @@ class MonkeyFiles {
     }
     PutOddOnes();
     PutBroken();
+    PutWithLines();
   }
 
   std::string Path(const std::string& name) const { return folder_.Path(name); }
+  bool Has(const std::string& name) const { return folder_.Has(name); }
+  std::string Get(const std::string& name) const { return folder_.Get(name); }
+  std::vector<std::string> Names() const { return folder_.Names(); }
   // Text without the folder's own name, which differs from run to run.
   std::string WithoutFolder(std::string text) const {
     const std::string folder = Path("");
@@ -109,6 +119,26 @@ class MonkeyFiles {
     saved_.push_back(stem + number + dice_.OneOf(kExtensions));
     return Path(saved_.back());
   }
+
+  // A spectrum with the peaks of a crystal of the library.
+  std::string WithLines() { return Path(dice_.OneOf(with_lines_)); }
+
+  // The crystal library as it may lie there.
+  void PutLibrary() {
+    std::string text = LibraryText();
+    const int harm = dice_.Below(20);
+    std::filesystem::remove(Path(kLibraryName));
+    library_whole_ = harm > 3;
+    if (harm == 0) return;
+    if (harm == 1)
+      text.resize(static_cast<std::size_t>(dice_.Below(static_cast<int>(text.size()))));
+    for (char& each : text) {
+      if (harm == 2 && dice_.OneIn(8)) each = Noise();
+      if (harm == 3 && each >= '0' && each <= '9' && dice_.OneIn(30)) each = '9';
+    }
+    folder_.Put(kLibraryName, text);
+  }
+  bool LibraryWhole() const { return library_whole_; }
 
   // What happens to a parameter file between two runs.
   void HarmParameters() {
@@ -178,6 +208,23 @@ class MonkeyFiles {
     good_.push_back(name + ".npd");
   }
 
+  // Peaks of a crystal by E = 12.3981 / (2 d sin(theta)), a little off their places.
+  void PutWithLines() {
+    SpectrumRec record = Record();
+    record.Prop.EGC[1] = 0.05;
+    const double sine = std::sin(record.Prop.TwoTheta / 2 * std::acos(-1.0) / 180);
+    for (int sample = kCu; sample <= kMgO; ++sample) {
+      PeakTable peaks;
+      for (const Plane& p : PlanesOf(static_cast<Sample>(sample))) {
+        const double d = PlaneDistance(kCells[static_cast<std::size_t>(sample)], p.h, p.k, p.l);
+        const double center = 12.3981 / (2 * d * sine) / record.Prop.EGC[1] - 1 + dice_.Share();
+        if (center < 2000) peaks.Peaks[peaks.Count++] = Peak(center);
+      }
+      const std::string name = std::string(kWithLines) + std::to_string(sample) + ".xba";
+      with_lines_.push_back(Put(name, XbaImage(Lines(2048), record, peaks)));
+    }
+  }
+
   // Files that can be read, with values that no measurement gives.
   void PutOddOnes() {
     ChannelBlock block;
@@ -240,6 +287,8 @@ class MonkeyFiles {
   std::vector<std::string> odd_;
   std::vector<std::string> broken_;
   std::vector<std::string> saved_;
+  std::vector<std::string> with_lines_;
+  bool library_whole_ = false;
 };
 
 }  // namespace dorvane

@@ -25,6 +25,9 @@ struct Happened {
   bool data_kept = false;          // an unsaved graph was answered with No
   bool out_of_numbers = false;     // no DataNo was free
   bool saving = false;             // a file was chosen to save to
+  std::string saved_to;            // its name in the folder
+  bool files_unsure = false;       // a call of the file system may have failed
+  bool library_whole = true;       // the crystal library is as it is meant to be
   int files_read = 0;
   int files_not_read = 0;
 
@@ -65,6 +68,7 @@ class MonkeyDialogs : public Dialogs {
     if (dice_.OneIn(8)) return {};
     FileChoice choice{files_.ToSave(), dice_.Below(6)};
     happened_.saving = true;
+    happened_.saved_to = files_.WithoutFolder(choice.path);
     Note("save", choice.path);
     return choice;
   }

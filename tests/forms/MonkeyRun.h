@@ -1,0 +1,75 @@
+// One run of the program under a monkey, from its start to its end.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "forms/AttachForms.h"
+#include "forms/FakeElementStore.h"
+#include "forms/frmDialogMessage.h"
+#include "forms/frmInput.h"
+#include "program/Program.h"
+#include "workspace/ListenerFan.h"
+
+namespace dorvane {
+
+// With its forms joined as on the desktop.
+class MonkeyRun {
+ public:
+  struct Outside {
+    Dialogs& dialogs;
+    FileLayer& files;
+    Progress& progress;
+    FormHost& host;
+    Launcher& launcher;
+    SettingsStore& settings;
+    WorkspaceListener& ears;
+  };
+
+  MonkeyRun(const Outside& outside, const std::string& directory)
+      : views(outside.ears),
+        log(outside.host),
+        program(std::make_unique<Program>(
+            Ports{outside.dialogs, outside.files, log, outside.progress, views}, directory)),
+        line_marks(*program),
+        main(*program, outside.host, outside.launcher, outside.settings),
+        graphs(*program, outside.host),
+        regions(*program, outside.host),
+        keys(outside.host),
+        manual_fit(*program, outside.host),
+        fit_input(*program, outside.host),
+        atom(*program, outside.host, elements, outside.settings, line_marks),
+        lattice(*program, outside.host, outside.settings, line_marks),
+        message(outside.host),
+        input(outside.host) {
+    views.Add(line_marks);
+    views.Add(main);
+    views.Add(graphs);
+    views.Add(regions);
+    views.Add(atom);
+    AttachForms(main, graphs, regions, log, keys);
+    AttachFitForms(main, *program, manual_fit, fit_input);
+    AttachAtom(main, *program, atom);
+    AttachLattice(main, *program, lattice);
+    main.Ended.Connect([this] { ended = true; });
+  }
+
+  ListenerFan views;
+  frmLog log;
+  std::unique_ptr<Program> program;
+  FakeElementStore elements;
+  LineMarks line_marks;
+  frmDorvane main;
+  frmSelGraph graphs;
+  frmRoiReport regions;
+  frmKeys keys;
+  frmManualFit manual_fit;
+  frmInputFitParameter fit_input;
+  frmAtom atom;
+  frmPeakCal lattice;
+  frmDialogMessage message;
+  frmInput input;
+  bool ended = false;
+};
+
+}  // namespace dorvane
