@@ -33,7 +33,12 @@ void LineMarks::Set(const std::string& owner, int data_no, std::vector<LineMark>
                                  [&](const GraphSlot& slot) { return Shows(slot, data_no); });
   if (!shown) return;
   lines_[data_no][owner] = std::move(lines);
+  const bool told = left_out_ > 0;
   Register();
+  if (left_out_ == 0 || told) return;
+  program_.ports.dialogs.Message("A window shows " + std::to_string(kMaxNamedLines) +
+                                 " named lines at most: " + std::to_string(left_out_) +
+                                 " left out.");
 }
 
 void LineMarks::SpectrumRemoved(int WinNo, int DataNo) {
@@ -47,6 +52,7 @@ void LineMarks::Register() {
   std::vector<MarkRec> before[kWindows];
   for (int view = 0; view < kWindows; ++view) before[view] = LinesOf(spect, view);
   for (int view = 0; view < kWindows; ++view) spect.ClearNamedLines(view);
+  left_out_ = 0;
   for (const GraphSlot& slot : program_.workspace.Slots) {
     if (slot.State != kRowEmpty && slot.Disp != kFalse) RegisterLines(slot);
   }
@@ -67,6 +73,10 @@ void LineMarks::RegisterLines(const GraphSlot& slot) {
       const double number =
           line.channel ? *line.channel : UnitToCh(kUnitKeV, line.energy_kev, calibration);
       if (!(number >= 1 && number <= kMaxChannels)) continue;
+      if (program_.spect.NamedLines(view).size() == kMaxNamedLines) {
+        ++left_out_;
+        continue;
+      }
       program_.spect.AddNamedLine(view, RoundToInt32(number) - 1, line.text,
                                   workspace.ColorTbl[line.color], kAxisFont, kFalse);
     }

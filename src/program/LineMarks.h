@@ -36,7 +36,8 @@ class LineMarks : public WorkspaceListener {
   explicit LineMarks(Program& program) : program_(program) {}  // outlives the marks
 
   // The lines that `owner` has on the graph of a spectrum (0..13), in place of those before. Empty
-  // takes them away. Nothing where no row shows the spectrum.
+  // takes them away. Nothing where no row shows the spectrum. Where they are the first that have no
+  // room in their window, a message tells how many.
   void Set(const std::string& owner, int data_no, std::vector<LineMark> lines);
 
   void SpectrumShown(int, int) override { Register(); }
@@ -51,6 +52,7 @@ class LineMarks : public WorkspaceListener {
   void RegisterLines(const GraphSlot& slot);
 
   Program& program_;
+  int left_out_ = 0;  // lines beyond those that a window has room for
   std::map<int, std::map<std::string, std::vector<LineMark>>> lines_;  // by spectrum and owner
 };
 

@@ -152,8 +152,32 @@ TEST_F(LineMarksTest, AnExpansionShowsTheLinesOfItsWindowOnce) {
   EXPECT_THAT(TextsIn(1), IsEmpty());
 }
 
-TEST_F(LineMarksTest, TheEngineTakesNoMoreThanAHundred) {
+TEST_F(LineMarksTest, LinesBeyondAHundredAreTold) {
+  dialogs.ExpectMessage("A window shows 100 named lines at most: 20 left out.");
   marks.Set("Atom", data_no, std::vector<LineMark>(120, LineMark{1, "a"}));
+  EXPECT_EQ(program.spect.NamedLines(0).size(), 100u);
+}
+
+TEST_F(LineMarksTest, AHundredLinesHaveRoom) {
+  marks.Set("Atom", data_no, std::vector<LineMark>(100, LineMark{1, "a"}));
+  EXPECT_EQ(program.spect.NamedLines(0).size(), 100u);
+}
+
+TEST_F(LineMarksTest, LinesLeftOutAreToldOnceUntilAllHaveRoomAgain) {
+  const std::vector<LineMark> many(101, LineMark{1, "a"});
+  dialogs.ExpectMessage("A window shows 100 named lines at most: 1 left out.");
+  marks.Set("Atom", data_no, many);
+  marks.Set("hkl", data_no, {{2, "b"}});
+  SetEGCParam(program, 0);
+  marks.Set("Atom", data_no, {});
+  dialogs.ExpectMessage("A window shows 100 named lines at most: 2 left out.");
+  marks.Set("Atom", data_no, many);
+}
+
+TEST_F(LineMarksTest, LinesWithoutAChannelTakeNoRoom) {
+  std::vector<LineMark> lines(100, LineMark{1, "a"});
+  lines.insert(lines.begin(), 50, LineMark{-1, "x"});
+  marks.Set("Atom", data_no, lines);
   EXPECT_EQ(program.spect.NamedLines(0).size(), 100u);
 }
 
