@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "display/RecordingSurface.h"
+#include "program/LineMarks.h"
 #include "program/ProgramFixture.h"
 #include "workspace/Colors.h"
 
@@ -77,6 +80,22 @@ class SpectrumPageTest : public ProgramTest {
   SpectrumPage content;
   std::vector<RecordingSurface> panels;
 };
+
+// 0.1 keV a channel: 6.4 keV is channel number 64.
+TEST_F(SpectrumPageTest, LinesOfElementsStandOnThePage) {
+  workspace.DefaultProp.EGC[1] = 0.1;
+  LineMarks marks(program);
+  marks.Set("Atom", content.data_no, {{6.4, "Fe Ka1"}});
+  Draw();
+  EXPECT_THAT(TextsOf(1), Contains("Fe Ka1"));
+  const auto boxes = panels[1].Boxes();
+  const auto line = std::find_if(boxes.begin(), boxes.end(), [&](const Stroke& stroke) {
+    return stroke.color == workspace.ColorTbl[kColorElementMark];
+  });
+  ASSERT_NE(line, boxes.end());
+  EXPECT_EQ(line->from.x, 63);
+  EXPECT_EQ(line->to.x, 63);
+}
 
 TEST_F(SpectrumPageTest, HeadTellsTitleDetailsAndCounts) {
   Draw();
