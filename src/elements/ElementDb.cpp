@@ -86,6 +86,24 @@ class Search {
   int rounds_ = 0;
 };
 
+// The path as an address that says that nobody writes the file: then neither a lock nor a log is
+// made beside it.
+std::string AddressOf(const std::string& path) {
+  std::string address = "file://";
+  for (const char c : std::filesystem::absolute(path).string()) {
+    if (c == '%') {
+      address += "%25";
+    } else if (c == '?') {
+      address += "%3f";
+    } else if (c == '#') {
+      address += "%23";
+    } else {
+      address += c;
+    }
+  }
+  return address + "?immutable=1";
+}
+
 }  // namespace
 
 void ElementDb::Close::operator()(sqlite3* database) const {
@@ -111,7 +129,8 @@ bool ElementDb::Open(const std::string& path) {
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error)) return false;
   sqlite3* database = nullptr;
-  const int opened = sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READONLY, nullptr);
+  const int opened = sqlite3_open_v2(AddressOf(path).c_str(), &database,
+                                     SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr);
   database_.reset(database);
   if (opened != SQLITE_OK) return false;
   sqlite3_db_config(database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);

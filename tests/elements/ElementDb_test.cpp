@@ -208,6 +208,32 @@ TEST_F(ElementDbTest, ACutFileIsReadWithoutHarm) {
   }
 }
 
+// Bytes 18 and 19 of the file: 2 says that writes go to a log beside it, which a reader would make.
+TEST_F(ElementDbTest, AFileWithAWriteAheadLogGetsNoFilesBesideIt) {
+  std::string bytes = Bytes(kBuilt);
+  bytes[18] = bytes[19] = 2;
+  folder.Put("Atomic.db", bytes);
+  store.Open(folder.Path("Atomic.db"));
+  store.FindByNum(26);
+  EXPECT_THAT(folder.Names(), ElementsAre("Atomic.db"));
+}
+
+TEST_F(ElementDbTest, APathWithSignsOfAnAddressIsAPath) {
+  folder.Put("a?b#c%41 d.db", Bytes(kBuilt));
+  EXPECT_TRUE(store.Open(folder.Path("a?b#c%41 d.db")));
+}
+
+TEST_F(ElementDbTest, EnergiesMayBeMissingAndNothingElse) {
+  ASSERT_TRUE(
+      store.Open(MakeTable("INSERT INTO Elements (Num, Symbol, Element) VALUES"
+                           "(26, 'Fe', 'Iron'), (NULL, 'Pb', 'Lead'), ('82', 'Pb', 'Lead');")));
+  const auto record = store.FindByNum(26);
+  ASSERT_TRUE(record);
+  EXPECT_THAT(record->Lines, Each(Field(&ElementRec::Line::energy_kev, std::nullopt)));
+  EXPECT_FALSE(store.FindBySymbol("Pb"));
+  EXPECT_FALSE(store.FindByNum(82));
+}
+
 TEST_F(ElementDbTest, AFileCutWhileItIsOpenIsReadWithoutHarm) {
   folder.Put("Atomic.db", Bytes(kBuilt));
   ASSERT_TRUE(store.Open(folder.Path("Atomic.db")));
