@@ -106,7 +106,7 @@ inline bool IsStated(const Program& program, const Happened& happened, const std
     return HoldsHuge(workspace, program.view.DataNo) || HoldsPeakWhoseFitFaults(program);
   }
   const bool no_line = HoldsPeakOfNoLine(workspace, program.view.DataNo);
-  if (is(FaultCode::DivisionByZero)) return no_line;
+  if (is(FaultCode::DivisionByZero)) return no_line || HoldsPeakWhoseFitFaults(program);
   if (!is(FaultCode::Subscript)) return false;
   const FitParamSet& settings = workspace.FitParam;
   const bool divides = settings.BackInterval > 0 && kMaxChannels % settings.BackInterval == 0;
