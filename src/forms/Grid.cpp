@@ -36,8 +36,19 @@ void Grid::SetHeading(int column, std::string heading) {
 void Grid::SetMaxRows(int rows) {
   rows = std::max(rows, 0);
   if (rows == MaxRows()) return;
-  rows_.resize(static_cast<std::size_t>(rows), Row{"", std::vector<GridCell>(headings_.size())});
+  rows_.resize(static_cast<std::size_t>(rows),
+               GridRow{"", std::vector<GridCell>(headings_.size())});
   active_row_ = std::clamp(active_row_, 1, std::max(rows, 1));
+  Shown.Fire();
+}
+
+void Grid::SetRows(std::vector<GridRow> rows) {
+  for (const GridRow& row : rows) {
+    if (row.cells.size() != headings_.size()) throw Fault(FaultCode::Subscript);
+  }
+  if (rows == rows_) return;
+  rows_ = std::move(rows);
+  active_row_ = std::clamp(active_row_, 1, std::max(MaxRows(), 1));
   Shown.Fire();
 }
 

@@ -22,6 +22,13 @@ struct GridCell {
   friend bool operator==(const GridCell&, const GridCell&) = default;
 };
 
+struct GridRow {
+  std::string title{};
+  std::vector<GridCell> cells{};
+
+  friend bool operator==(const GridRow&, const GridRow&) = default;
+};
+
 class Grid : public Control {
  public:
   Grid(ControlList& controls, std::string name, std::vector<std::string> headings);
@@ -32,6 +39,9 @@ class Grid : public Control {
   void SetHeading(int column, std::string heading);
   int MaxRows() const { return static_cast<int>(rows_.size()); }
   void SetMaxRows(int rows);  // new rows are empty, surplus ones go
+  const std::vector<GridRow>& Rows() const { return rows_; }
+  // All rows at once, told once. Throws Fault(Subscript) unless each has a cell for every column.
+  void SetRows(std::vector<GridRow> rows);
   const std::string& RowTitle(int row) const;
   void SetRowTitle(int row, std::string title);
 
@@ -58,15 +68,11 @@ class Grid : public Control {
   Event<int, int> Edited;    // a text cell has a new text
 
  private:
-  struct Row {
-    std::string title;
-    std::vector<GridCell> cells;
-  };
   bool Has(int row, int column) const;
 
   std::vector<std::string> headings_;
   std::vector<bool> editable_;
-  std::vector<Row> rows_;
+  std::vector<GridRow> rows_;
   int active_row_ = 1;
 };
 

@@ -11,7 +11,6 @@ constexpr const char* kUse = "Use";
 constexpr const char* kChannel = "0.000";
 constexpr const char* kValue = "0.00000";
 constexpr int kPeakD = 3;  // column of sprPeakInf
-constexpr int kMostLines = 100;
 
 GridCell Text(std::string text) {
   return {.text = std::move(text)};
@@ -26,25 +25,19 @@ GridCell Check(bool checked) {
   return {.is_check = true, .checked = checked};
 }
 
-void SetRow(Grid& grid, int row, std::vector<GridCell> cells, bool greyed) {
-  for (int column = 1; column <= grid.Columns(); ++column) {
-    GridCell& cell = cells[static_cast<std::size_t>(column - 1)];
-    cell.greyed = greyed;
-    grid.SetCell(row, column, std::move(cell));
-  }
-}
-
 using CellsOf = std::vector<GridCell> (*)(const MatchedRow&);
 
-void FillLines(Grid& grid, std::span<const MatchedRow> rows, CellsOf cells_of) {
-  grid.SetMaxRows(kMostLines);
-  int r = 1;
-  for (const MatchedRow& row : rows) {
-    grid.SetRowTitle(r, std::to_string(r));
-    SetRow(grid, r, cells_of(row), !row.use);
-    ++r;
+void Grey(GridRow& row, bool greyed) {
+  for (GridCell& cell : row.cells) cell.greyed = greyed;
+}
+
+void FillLines(Grid& grid, std::span<const MatchedRow> lines, CellsOf cells_of) {
+  std::vector<GridRow> rows;
+  for (const MatchedRow& line : lines) {
+    rows.push_back({std::to_string(rows.size() + 1), cells_of(line)});
+    Grey(rows.back(), !line.use);
   }
-  grid.SetMaxRows(r - 1);
+  grid.SetRows(std::move(rows));
 }
 
 }  // namespace
@@ -73,18 +66,15 @@ int UseColumn(const Grid& grid) {
 }
 
 void FillPeakInf(Grid& sprPeakInf, std::span<const PeakRow> peaks) {
-  sprPeakInf.SetMaxRows(static_cast<int>(peaks.size()));
-  int r = 1;
+  std::vector<GridRow> rows;
   for (const PeakRow& peak : peaks) {
-    sprPeakInf.SetRowTitle(r, "Peak(" + std::to_string(r) + ")");
-    SetRow(sprPeakInf, r,
-           {Number(peak.ch, kChannel), Number(peak.energy, kValue), Number(peak.d, kValue),
-            Number(peak.intensity, kChannel), Number(peak.fwhm_ch, kChannel),
-            Number(peak.fwhm_kev, kValue), Number(peak.amplitude, kChannel), Check(true),
-            Text(peak.fit_type)},
-           false);
-    ++r;
+    rows.push_back({"Peak(" + std::to_string(rows.size() + 1) + ")",
+                    {Number(peak.ch, kChannel), Number(peak.energy, kValue), Number(peak.d, kValue),
+                     Number(peak.intensity, kChannel), Number(peak.fwhm_ch, kChannel),
+                     Number(peak.fwhm_kev, kValue), Number(peak.amplitude, kChannel), Check(true),
+                     Text(peak.fit_type)}});
   }
+  sprPeakInf.SetRows(std::move(rows));
 }
 
 void RefreshPeakD(Grid& sprPeakInf, std::span<const PeakRow> peaks) {
@@ -92,20 +82,18 @@ void RefreshPeakD(Grid& sprPeakInf, std::span<const PeakRow> peaks) {
   for (const PeakRow& peak : peaks) sprPeakInf.SetText(r++, kPeakD, Picture(peak.d, kValue));
 }
 
-void ShowUse(Grid& sprPeakInf, std::span<const MatchedRow> rows) {
-  const int use = UseColumn(sprPeakInf);
-  for (int r = 1; r <= sprPeakInf.MaxRows(); ++r) {
-    const bool excluded = std::any_of(rows.begin(), rows.end(), [r](const MatchedRow& row) {
-      return row.peak == r - 1 && !row.use;
-    });
-    for (int column = 1; column <= sprPeakInf.Columns(); ++column) {
-      GridCell cell = sprPeakInf.Cell(r, column);
-      cell.greyed = excluded;
-      const auto place = static_cast<std::size_t>(r - 1);
-      if (column == use) cell.checked = place >= rows.size() || rows[place].use;
-      sprPeakInf.SetCell(r, column, std::move(cell));
-    }
+void ShowUse(Grid& sprPeakInf, std::span<const MatchedRow> lines) {
+  const auto use = static_cast<std::size_t>(UseColumn(sprPeakInf) - 1);
+  std::vector<GridRow> rows = sprPeakInf.Rows();
+  for (std::size_t r = 0; r < rows.size(); ++r) {
+    rows[r].cells[use].checked = r >= lines.size() || lines[r].use;
+    Grey(rows[r], false);
   }
+  for (const MatchedRow& line : lines) {
+    const auto r = static_cast<std::size_t>(line.peak);
+    if (r < rows.size()) Grey(rows[r], !line.use);
+  }
+  sprPeakInf.SetRows(std::move(rows));
 }
 
 void FillPeakInf2(Grid& sprPeakInf2, std::span<const MatchedRow> rows) {

@@ -188,6 +188,34 @@ TEST_F(ControlsTest, NewRowsAreEmptyAndSurplusOnesGo) {
   EXPECT_EQ(grid.Text(2, 1), "");
 }
 
+TEST_F(ControlsTest, RowsSetAtOnceAreToldOnce) {
+  Grid grid(controls, "sprPeakInf3", {"D(Obs)", "Use"});
+  Count(grid.Shown);
+  const std::vector<GridRow> rows{{"1", {{.text = "2.5"}, {.is_check = true}}}, {"2", {{}, {}}}};
+  grid.SetRows(rows);
+  EXPECT_EQ(events, 1);
+  EXPECT_EQ(grid.RowTitle(2), "2");
+  EXPECT_EQ(grid.Text(1, 1), "2.5");
+  grid.SetRows(rows);
+  EXPECT_EQ(events, 1);
+}
+
+TEST_F(ControlsTest, ActiveRowStaysWithinTheRowsSet) {
+  Grid grid(controls, "sprPeakInf3", {"D(Obs)"});
+  grid.SetMaxRows(3);
+  grid.SetActiveRow(3);
+  grid.SetRows({{"1", {{}}}, {"2", {{}}}});
+  EXPECT_EQ(grid.ActiveRow(), 2);
+  grid.SetRows({});
+  EXPECT_EQ(grid.ActiveRow(), 1);
+}
+
+TEST_F(ControlsTest, RowWithoutACellForEveryColumnIsRefused) {
+  Grid grid(controls, "sprPeakInf3", {"D(Obs)", "Use"});
+  EXPECT_THROW(grid.SetRows({{"1", {{}}}}), Fault);
+  EXPECT_EQ(grid.MaxRows(), 0);
+}
+
 TEST_F(ControlsTest, AToolButtonIsKnownByItsKeyExactly) {
   ToolBar bar(controls, "tlbrFile", {{"LoadData"}, {"SaveData"}});
   bar.SetButtonEnabled("SaveData", false);
