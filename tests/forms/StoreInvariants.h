@@ -35,6 +35,7 @@ class StoreInvariants {
     CheckView(program, wrong);
     CheckEngine(program, list, wrong);
     CheckBoxes(program, happened, wrong);
+    if (IsEmpty(program.workspace, list)) opened_in_vain_ = false;
     return wrong;
   }
 
@@ -72,6 +73,10 @@ class StoreInvariants {
     return list;
   }
 
+  static bool IsEmpty(const Workspace& workspace, const List& list) {
+    return list.used == 0 && workspace.GrpCount == 0;
+  }
+
   // Rows that a derived graph opened, each with a number taken for it, and then left: a fault came
   // before they were filled, or a background found room for the first of its two alone.
   static int RowsOpenedInVain(const Happened& happened) {
@@ -88,7 +93,7 @@ class StoreInvariants {
     // A graph that was to be inserted while no number was free has opened row 0 in vain: until the
     // list is empty again, row 0 may be a copy of the row before and a row may outlive its number.
     if (happened.out_of_numbers && files == 0) opened_in_vain_ = true;
-    const bool emptied = now.used == 0 && workspace.GrpCount == 0;
+    const bool emptied = IsEmpty(workspace, now);
     if (!opened_in_vain_) {
       const int opened = RowsOpenedInVain(happened);
       const int lost = files + opened + (happened.data_kept ? before_.used : 0);
@@ -106,7 +111,6 @@ class StoreInvariants {
         Expect(taken, "the DataNo of a row is taken", wrong);
       }
     }
-    if (emptied) opened_in_vain_ = false;
     Expect(workspace.GrpCount >= 0 && workspace.GrpCount <= now.taken,
            "GrpCount is at most the number of taken DataNo", wrong);
     before_ = now;
