@@ -4,6 +4,7 @@
 #include <QStandardPaths>
 
 #include "qt/DesktopSettings.h"
+#include "qt/ProgramPalette.h"
 #include "qt/Session.h"
 #include "qt/ThemeIcon.h"
 #include "qt/binding/Text.h"
@@ -25,6 +26,7 @@ std::string ShippedFolder() {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("dorvane");
+  QApplication::setPalette(dorvane::ProgramPalette(QApplication::palette()));
   QApplication::setFont(dorvane::ProgramFont(QApplication::font()));
   QApplication::setWindowIcon(dorvane::ThemeIcon("fit"));
   QApplication::setQuitOnLastWindowClosed(false);
