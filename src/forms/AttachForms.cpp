@@ -27,4 +27,9 @@ void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice
   main.Attach("hkl", lattice, [&program, &lattice] { lattice.Open(program.view.GraphNo); });
 }
 
+void AttachResultDirectory(frmDorvane& main, frmResultDirectory& result_directory) {
+  main.Attach("mnuResultDirectory", result_directory,
+              [&result_directory] { result_directory.Open(); });
+}
+
 }  // namespace dorvane

@@ -8,6 +8,7 @@
 #include "forms/frmLog.h"
 #include "forms/frmManualFit.h"
 #include "forms/frmPeakCal.h"
+#include "forms/frmResultDirectory.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
 
@@ -28,5 +29,7 @@ void AttachAtom(frmDorvane& main, const Program& program, frmAtom& atom);
 
 // "hkl" opens the lattice form for the current graph of `program`.
 void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice);
+// The menu's entry opens the dialog of the directory that the lattice form writes its summary into.
+void AttachResultDirectory(frmDorvane& main, frmResultDirectory& result_directory);
 
 }  // namespace dorvane

@@ -79,6 +79,8 @@ const std::array kMenus{
     MenuRow{"mnuDispPara", "&Display Parameters...", "mnuCalc", "", "", "", nullptr},
     MenuRow{"mnuColor", "C&olours...", "mnuCalc", "", "", "", nullptr},
     MenuRow{"mnuPeakColor", "&Peak Colours...", "mnuCalc", "", "", "", nullptr},
+    MenuRow{"mnuResultDirectory", "&Result Directory...", "mnuCalc", "", "",
+            "Where \"Data Save\" of the lattice form writes", nullptr},
 
     MenuRow{"mnuPeak", "&Peak", "", "", "", "", nullptr},
     MenuRow{"mnuPeakAllIns", "Insert &All Peaks", "mnuPeak", "F7", "All",

@@ -138,6 +138,16 @@ std::optional<FileChoice> QtDialogs::ChooseFileToSave(const FileRequest& request
   return FileChoice{path, filter_index};
 }
 
+std::optional<std::string> QtDialogs::ChooseDirectory(const std::string& start) {
+  QFileDialog dialog(Parent(), "Choose Directory", ToQString(start));
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  dialog.resize(kFileDialogSize);
+  ShowWholeColumns(dialog);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  return ToUtf8(dialog.selectedFiles().constFirst());
+}
+
 std::optional<Color> QtDialogs::ChooseColor(Color start) {
   const ArrowPointer arrow;
   const QColor chosen = QColorDialog::getColor(ToQColor(start), Parent(), "Color");

@@ -30,6 +30,7 @@ class QtDialogs : public Dialogs {
   // Where the dialog is to ask before it replaces, a name without an extension takes that of the
   // first filter, whatever filter is chosen.
   std::optional<FileChoice> ChooseFileToSave(const FileRequest& request) override;
+  std::optional<std::string> ChooseDirectory(const std::string& start) override;
   std::optional<Color> ChooseColor(Color start) override;
 
  private:

@@ -48,6 +48,7 @@ Session::Session(const Places& places, SettingsStore& settings)
       fit_input(program, host),
       atom(program, host, element_table, settings, line_marks),
       lattice(program, host, settings, line_marks),
+      result_directory(program, host, settings),
       form_views(host, IconOf),
       places_(places),
       settings_(settings) {
@@ -61,6 +62,7 @@ Session::Session(const Places& places, SettingsStore& settings)
   AttachFitForms(main, program, manual_fit, fit_input);
   AttachAtom(main, program, atom);
   AttachLattice(main, program, lattice);
+  AttachResultDirectory(main, result_directory);
   AddViews();
   FormWindow* window = form_views.WindowOf(main);
   dialogs.SetParent(window);
@@ -89,6 +91,7 @@ void Session::AddViews() {
   add(atom);
   add(atom.element);
   add(lattice);
+  add(result_directory);
 }
 
 void Session::ConnectStatus() {

@@ -14,6 +14,7 @@
 #include "forms/frmLog.h"
 #include "forms/frmManualFit.h"
 #include "forms/frmPeakCal.h"
+#include "forms/frmResultDirectory.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
 #include "program/LineMarks.h"
@@ -66,6 +67,7 @@ class Session : public QObject {
   frmInputFitParameter fit_input;
   frmAtom atom;
   frmPeakCal lattice;
+  frmResultDirectory result_directory;
   FormViews form_views;  // goes first: the windows are above the forms
 
  signals:

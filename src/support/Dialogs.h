@@ -1,5 +1,5 @@
-// The port through which operations speak to the user: boxes, questions, choices of files
-// and colours.
+// The port through which operations speak to the user: boxes, questions, choices of files,
+// directories and colours.
 #pragma once
 
 #include <optional>
@@ -55,6 +55,9 @@ class Dialogs {
   // At least one path; nothing after Cancel.
   virtual std::optional<FilesChoice> ChooseFilesToOpen(const FileRequest& request) = 0;
   virtual std::optional<FileChoice> ChooseFileToSave(const FileRequest& request) = 0;
+  // A directory that exists, from `start` on; nothing after Cancel, and where there is no such
+  // dialog.
+  virtual std::optional<std::string> ChooseDirectory(const std::string& /*start*/) { return {}; }
   // The common colour dialog with `start` selected; nothing after Cancel.
   virtual std::optional<Color> ChooseColor(Color start) = 0;
 };

@@ -84,6 +84,14 @@ TEST_F(AttachFormsTest, TheEndHidesThePeriodicTableAndItsRecord) {
   EXPECT_FALSE(atom.element.Visible());
 }
 
+TEST_F(AttachFormsTest, TheSettingsOpenTheResultDirectory) {
+  frmResultDirectory result_directory(program, host, settings);
+  AttachResultDirectory(form, result_directory);
+  host.ExpectModal([](Form& opened) { opened.Hide(); });
+  Menu("mnuResultDirectory").Choose();
+  EXPECT_THAT(host.Shown(), testing::ElementsAre("frmResultDirectory"));
+}
+
 TEST_F(AttachFormsTest, HklOpensTheLatticeFormForTheCurrentGraph) {
   folder.Put("crystal.dat", "\n\n\n\n\n\n\n\n\n\n0\n");
   AttachLattice(form, program, lattice);

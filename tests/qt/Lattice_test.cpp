@@ -1,4 +1,6 @@
 // The lattice form of the running program, from the tool bar to the log that is kept.
+#include <gmock/gmock.h>
+
 #include <QComboBox>
 #include <QFileDialog>
 #include <set>
@@ -50,6 +52,26 @@ class LatticeTest : public WindowTest {
     QTest::keyClicks(samples, name);
   }
   void Execute() { QTest::mouseClick(Form().Of(session->lattice.cmdCal), Qt::LeftButton); }
+  void WholeWork() {
+    ChooseSample("Al2O3");
+    Execute();
+    QTest::mouseClick(Form().Of(session->lattice.cmdDataSave), Qt::LeftButton);
+  }
+  // Every file and directory of the test's folder, in which the program has its own.
+  std::set<std::string> Tree() const {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.Path(""))) {
+      names.insert(std::filesystem::relative(entry.path(), folder.Path("")).string());
+    }
+    return names;
+  }
+  std::vector<std::string> NewSince(const std::set<std::string>& before) const {
+    std::vector<std::string> names;
+    for (const std::string& name : Tree()) {
+      if (!before.contains(name)) names.push_back(name);
+    }
+    return names;
+  }
   static double ValueIn(const TextBox& box) {
     return NumberOf(box.Text().substr(0, box.Text().find("+-")));
   }
@@ -107,18 +129,36 @@ TEST_F(LatticeTest, LinesOfTheSampleStandOnTheGraphBehindTheForm) {
   EXPECT_TRUE(session->program.spect.NamedLines(0).empty());
 }
 
-TEST_F(LatticeTest, NothingIsLeftBehindButTheLog) {
-  const auto before = std::filesystem::directory_iterator(folder.Path("home/dorvane"));
-  std::set<std::string> names;
-  for (const auto& entry : before) names.insert(entry.path().filename().string());
-  Work(kCorundum, [&] {
-    ChooseSample("Al2O3");
-    Execute();
+TEST_F(LatticeTest, KeptWorkLeavesLogSummaryAndResultBehindAlone) {
+  const std::set<std::string> before = Tree();
+  Work(
+      kCorundum, [&] { WholeWork(); }, true);
+  EXPECT_THAT(NewSince(before),
+              testing::UnorderedElementsAre("home/dorvane/crystalfit.csv",
+                                            "home/dorvane/LatticeFit.csv", "kept.csv"));
+}
+
+TEST_F(LatticeTest, CancelledWorkLeavesLogAndSummaryBehindAlone) {
+  const std::set<std::string> before = Tree();
+  Work(kCorundum, [&] { WholeWork(); });
+  EXPECT_THAT(NewSince(before), testing::UnorderedElementsAre("home/dorvane/crystalfit.csv",
+                                                              "home/dorvane/LatticeFit.csv"));
+}
+
+TEST_F(LatticeTest, SummaryGoesWhereTheMenuHasSetIt) {
+  std::filesystem::create_directory(folder.Path("results"));
+  QTimer::singleShot(0, [&] {
+    FormWindow& window = *session->form_views.WindowOf(session->result_directory);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    QTest::keyClicks(window.Of(session->result_directory.txtDirectory),
+                     QString::fromStdString(folder.Path("results")));
+    QTest::mouseClick(window.Of(session->result_directory.cmdOk), Qt::LeftButton);
   });
-  for (const auto& entry : std::filesystem::directory_iterator(folder.Path("home/dorvane"))) {
-    const std::string name = entry.path().filename().string();
-    EXPECT_TRUE(names.contains(name) || name == "crystalfit.csv") << name;
-  }
+  Trigger("mnuResultDirectory");
+  Work(kCorundum,
+       [&] { QTest::mouseClick(Form().Of(session->lattice.cmdDataSave), Qt::LeftButton); });
+  EXPECT_TRUE(folder.Has("results/LatticeFit.csv"));
+  EXPECT_FALSE(folder.Has("home/dorvane/LatticeFit.csv"));
 }
 
 }  // namespace

@@ -123,6 +123,25 @@ TEST(OpenDialog, GivesWholePaths) {
   EXPECT_EQ(choice->paths, std::vector<std::string>{kCorundum});
 }
 
+TEST(DirectoryDialog, StartsWhereItIsToldAndGivesTheChosenOne) {
+  const TemporaryFolder folder;
+  QDir(QString::fromStdString(folder.Path(""))).mkdir("results");
+  QtDialogs dialogs;
+  QTimer::singleShot(100, [&] {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    EXPECT_EQ(dialog->directory(), QDir(QString::fromStdString(folder.Path(""))));
+    dialog->findChild<QLineEdit*>("fileNameEdit")->setText("results");
+    QMetaObject::invokeMethod(dialog, "accept");
+  });
+  EXPECT_EQ(dialogs.ChooseDirectory(folder.Path("")), folder.Path("results"));
+}
+
+TEST(DirectoryDialog, GivesNothingAfterCancel) {
+  QtDialogs dialogs;
+  QTimer::singleShot(50, [] { QApplication::activeModalWidget()->close(); });
+  EXPECT_FALSE(dialogs.ChooseDirectory("").has_value());
+}
+
 class FileDialogFilterTest : public testing::Test {
  protected:
   // Notes the selected filter of the next file dialog, picks another one unless that is empty,

@@ -41,6 +41,9 @@ class ScriptedDialogs : public Dialogs {
                        .path = std::move(answer),
                        .filter_index = filter_index});
   }
+  void ExpectDirectory(std::optional<std::string> answer) {
+    script_.push_back({.kind = Kind::Directory, .text = "directory", .path = std::move(answer)});
+  }
 
   void ExpectColor(std::optional<Color> answer) {
     script_.push_back({.kind = Kind::ColorChoice, .text = "colour", .color = answer});
@@ -49,6 +52,7 @@ class ScriptedDialogs : public Dialogs {
   bool Done() const { return script_.empty(); }
   const Question& LastQuestion() const { return last_question_; }
   const FileRequest& LastRequest() const { return last_request_; }
+  const std::string& LastStart() const { return last_start_; }  // of the choice of a directory
   Color LastColor() const { return last_color_; }
   // Runs while the next expected colour choice is on the screen.
   void WhileChoosingColor(std::function<void()> look) { while_choosing_ = std::move(look); }
@@ -77,6 +81,10 @@ class ScriptedDialogs : public Dialogs {
     if (!step.path) return {};
     return FileChoice{*step.path, step.filter_index};
   }
+  std::optional<std::string> ChooseDirectory(const std::string& start) override {
+    last_start_ = start;
+    return Next(Kind::Directory, start).path;
+  }
 
   std::optional<Color> ChooseColor(Color start) override {
     last_color_ = start;
@@ -85,7 +93,7 @@ class ScriptedDialogs : public Dialogs {
   }
 
  private:
-  enum class Kind { Message, Question, Open, Save, ColorChoice };
+  enum class Kind { Message, Question, Open, Save, Directory, ColorChoice };
   struct Step {
     Kind kind = Kind::Message;
     std::string text = {};
@@ -110,6 +118,7 @@ class ScriptedDialogs : public Dialogs {
   std::deque<Step> script_;
   Question last_question_;
   FileRequest last_request_;
+  std::string last_start_;
   Color last_color_ = 0;
   std::function<void()> while_choosing_;
 };

@@ -15,6 +15,7 @@ class frmKeys;
 class frmLog;
 class frmManualFit;
 class frmPeakCal;
+class frmResultDirectory;
 class frmRoiReport;
 class frmSelGraph;
 
@@ -31,6 +32,7 @@ void LayOut(frmKeys& form, FormWindow& window);
 void LayOut(frmLog& form, FormWindow& window);
 void LayOut(frmManualFit& form, FormWindow& window);
 void LayOut(frmPeakCal& form, FormWindow& window);
+void LayOut(frmResultDirectory& form, FormWindow& window);
 void LayOut(frmRoiReport& form, FormWindow& window);
 void LayOut(frmSelGraph& form, FormWindow& window);
 
