@@ -24,6 +24,18 @@ build_programs() {
   ) 9>build/release.lock
 }
 
+# build_targets PRESET FOLDER TARGET...: brings the targets of the preset up to date in the folder, in silence when that
+# works.
+build_targets() {
+  local preset=$1 folder=$2
+  mkdir -p "$folder"
+  (
+    flock 9
+    quietly cmake --preset "$preset" -B "$folder"
+    quietly ninja -C "$folder" "${@:3}"
+  ) 9>"$folder.lock"
+}
+
 # build_all PRESET FOLDER [CMAKE_OPTION...]: everything that the preset builds, in the folder.
 build_all() {
   local preset=$1 folder=$2
