@@ -20,6 +20,8 @@ void frmPeakCal::cmdCal_Click() {
   work_.LatticeIndex = ToInt16(cmbLatticeType.Index());
   work_.ElementIndex = ToInt16(cmbElement.Index());
   state_->Fit.Status = 0;
+  lblOutcome.SetCaption(work_.ElementIndex < 0 ? "Choose a sample: its lines index the peaks."
+                                               : "");
   if (Calculate(work_.SelectMode, work_.LatticeIndex, work_.ElementIndex) == 0) Narrate();
 }
 
@@ -140,8 +142,12 @@ void frmPeakCal::DataSave() {
                            txtPressure.Text(),
                            txtTemp.Text(),
                            ToInt16(cmbUnit.Index())};
-  dorvane::DataSave(program_.ports.files, program_.ports.dialogs,
-                    ResultDirectory(settings_, program_.directory), input, summary_tag_);
+  const std::string directory = ResultDirectory(settings_, program_.directory);
+  const bool saved = dorvane::DataSave(program_.ports.files, program_.ports.dialogs, directory,
+                                       input, summary_tag_) == kTrue;
+  lblOutcome.SetCaption(saved ? "LatticeFit.csv saved in " + directory
+                              : "Not saved in " + directory +
+                                    ". Result Directory in the menu Calculation changes it.");
 }
 
 void frmPeakCal::cmdDataSave_Click() {

@@ -92,7 +92,7 @@ void frmPeakCal::EnableBoxes(int lattice_type) {
 void frmPeakCal::TakeSeeds() {
   CellTexts texts = SeedTexts();
   for (std::string& text : texts) {
-    if (!IsNumeric(text)) text = "0";
+    if (!IsNumeric(text)) text.assign(1, '0');
   }
   work_.Seed = SeedsOf(work_.LatticeIndex, texts);
 }

@@ -103,6 +103,7 @@ void frmPeakCal::Form_Load(int grp_no) {
 
 // As the form is made anew for each opening: nothing is chosen, no result is shown.
 void frmPeakCal::ClearBoxes() {
+  lblOutcome.SetCaption("");
   optSelectMode.SetIndex(kSelectSample);
   cmbElement.SetIndex(-1);
   cmbLatticeType.SetIndex(-1);

@@ -95,6 +95,7 @@ class frmPeakCal : public Form {
   Button cmdCal{controls_, "cmdCal", "Execute"};
   Button cmdDataSave{controls_, "cmdDataSave", "Data Save"};
   Button cmdExit{controls_, "cmdExit", "Exit"};
+  Label lblOutcome{controls_, "lblOutcome"};  // what came of the last button
 
  private:
   void Connect();

@@ -119,14 +119,16 @@ void SetResultDirectory(SettingsStore& settings, const std::string& directory) {
   settings.SetTexts(kResultDirectory, {directory});
 }
 
-void DataSave(FileLayer& files, Dialogs& dialogs, const std::string& directory,
+std::int16_t DataSave(FileLayer& files, Dialogs& dialogs, const std::string& directory,
               const SummaryInput& input, std::string& tag) {
   tag = SummaryTag(input.sample.lattice_type, tag);
   const std::string text = CsvText(SummaryRecords(input, tag));
   try {
     ReplaceFile(files, directory + kSummaryName, AsBytes(text));
+    return kTrue;
   } catch (const Fault&) {
     dialogs.Message(kOpenError);
+    return kFalse;
   }
 }
 

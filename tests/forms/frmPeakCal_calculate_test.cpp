@@ -77,7 +77,9 @@ TEST_F(PeakCalCalculateTest, SeedWithoutASampleFailsAndTheNextExecuteStartsFromT
     form.txtSeedConstant[0].SetText("3.6");
     dialogs.ExpectMessage("Subscript out of range");
     Execute();
+    EXPECT_THAT(form.lblOutcome.Caption(), HasSubstr("Choose a sample"));
     Fit(kCu);
+    EXPECT_EQ(form.lblOutcome.Caption(), "");
     EXPECT_NEAR(ValueIn(form.txtLatticeLength[0]), 3.615, kLength);
   });
 }
@@ -389,6 +391,9 @@ TEST_F(PeakCalCalculateTest, SummaryGoesIntoTheChosenDirectory) {
   WorkOn(kMgO, 1.0005, [&] {
     Execute();
     form.cmdDataSave.Press();
+    EXPECT_EQ(form.lblOutcome.Caption(), "LatticeFit.csv saved in " + folder.Path("results/"));
+    Execute();
+    EXPECT_EQ(form.lblOutcome.Caption(), "");
   });
   const std::string summary = FromCodePage(folder.Get("results/LatticeFit.csv"));
   EXPECT_THAT(summary, HasSubstr("\"MgO\",\"CUB\",90,90,90,4.2112,4.2112,4.2112\r\n"));
@@ -401,6 +406,7 @@ TEST_F(PeakCalCalculateTest, SummaryWithoutItsDirectoryIsTold) {
   Work([&] {
     dialogs.ExpectMessage("Open Error");
     form.cmdDataSave.Press();
+    EXPECT_THAT(form.lblOutcome.Caption(), HasSubstr("Not saved in " + folder.Path("nowhere")));
   });
   EXPECT_FALSE(folder.Has("nowhere"));
 }

@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "qt/binding/GridView.h"
+#include "qt/binding/LabelView.h"
 #include "qt/binding/Layouts.h"
 #include "qt/binding/PictureView.h"
 #include "qt/surface/PainterSurface.h"
@@ -203,7 +204,11 @@ void LayOut(frmPeakCal& form, FormWindow& window) {
 
   QVBoxLayout* column = WindowColumn(window);
   column->addLayout(body, 1);
-  column->addLayout(ButtonRow(window, {&form.cmdCal, &form.cmdDataSave, &form.cmdExit}));
+  auto* saved = window.As<LabelView>(form.lblOutcome);
+  saved->SetElided();
+  QHBoxLayout* buttons = ButtonRow(window, {&form.cmdCal, &form.cmdDataSave, &form.cmdExit});
+  buttons->insertWidget(0, saved, 1);
+  column->addLayout(buttons);
   window.SetDefaultButton(form.cmdCal);
   window.SetCancelButton(form.cmdExit);
   window.SetFirstFocus(form.cmbElement);
