@@ -46,6 +46,22 @@ TEST_F(PeakCalLinesTest, PeaksAreListedInTheirPictures) {
   });
 }
 
+TEST_F(PeakCalLinesTest, CopyWithAModeRenewsTheDValuesAlone) {
+  AddPeakAt(999);
+  Work([&] {
+    SetUse(form.sprPeakInf, 1, false);
+    workspace.Peaks[data_no].Peaks[0].Center = 1999;
+    form.CopyPeakInfo(1);
+    // Channel number 2000 has 40 keV, d = 12.3981 / (80 sin(3 degrees)) by hand.
+    EXPECT_EQ(form.sprPeakInf.Text(1, 3), "2.96118");
+    EXPECT_EQ(form.sprPeakInf.Text(1, 1), "1000.000");
+    EXPECT_FALSE(form.sprPeakInf.Cell(1, 8).checked);
+    form.CopyPeakInfo(0);
+    EXPECT_EQ(form.sprPeakInf.Text(1, 1), "2000.000");
+    EXPECT_TRUE(form.sprPeakInf.Cell(1, 8).checked);
+  });
+}
+
 TEST_F(PeakCalLinesTest, IndexedLinesAreListedInTheirPictures) {
   WorkOn(kMgO, 1.0005, [&] {
     Execute();

@@ -180,6 +180,16 @@ TEST_F(PeakCalOpenTest, NothingHappensWhileTheFormLoads) {
   EXPECT_EQ(Logged("Element Changed!!"), 0);
 }
 
+// The grid is filled while the form loads.
+TEST_F(PeakCalOpenTest, ControlThatChangesWhileTheFormLoadsRunsNoHandler) {
+  AddPeak(2);
+  form.sprPeakInf.Shown.Connect([&] {
+    if (form.Work().Loading != 0) form.cmbLatticeType.SetIndex(kCubic);
+  });
+  Work([&] { EXPECT_THAT(On(form.txtSeedConstant), Each(true)); });
+  EXPECT_EQ(Logged("Lattice Type Changed!!"), 0);
+}
+
 TEST_F(PeakCalOpenTest, LogBeginsWithBannerPropertiesAndPeaksAndEndsWithItsBanner) {
   AddPeak(2);
   Work([&] {});
