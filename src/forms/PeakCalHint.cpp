@@ -5,15 +5,20 @@ namespace {
 
 constexpr const char* kNoPeaks = "This graph has no fitted peaks. ";
 
-// "Smooth" (24), "a.npd" (3)
+constexpr int kMostNamed = 2;
+
+// "Smooth" (24), "a.npd" (3) and 1 more
 std::string GraphsWithPeaks(const Workspace& workspace, int win_no) {
   std::string text;
+  int graphs = 0;
   for (const GraphSlot& slot : workspace.Slots) {
     if (slot.State == kRowEmpty || slot.WinNo != win_no) continue;
     const int count = workspace.Peaks[slot.DataNo].Count;
     if (count == 0) continue;
+    if (++graphs > kMostNamed) continue;
     text += (text.empty() ? "\"" : ", \"") + slot.Title + "\" (" + std::to_string(count) + ")";
   }
+  if (graphs > kMostNamed) text += " and " + std::to_string(graphs - kMostNamed) + " more";
   return text;
 }
 

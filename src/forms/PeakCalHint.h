@@ -7,8 +7,9 @@
 
 namespace dorvane {
 
-// Where peaks are instead: in graphs of the same window, else of the other, with their numbers; how
-// to get some where no graph has any. Empty where the graph of the row (0..9) has peaks.
+// Where peaks are instead: in graphs of the same window, else of the other, with their numbers of
+// peaks, two by name; how to get some where no graph has any. Empty where the graph of the row
+// (0..9) has peaks.
 std::string PeakHint(const Workspace& workspace, int grp_no);
 
 }  // namespace dorvane

@@ -107,6 +107,12 @@ TEST_F(PeakCalGraphTest, HintNamesTheGraphsOfTheWindowThatHavePeaks) {
   });
 }
 
+TEST_F(PeakCalGraphTest, HintNamesTwoGraphsAndCountsTheOthers) {
+  for (const char* title : {"a.npd", "b.npd", "c.npd", "d.npd"}) ShowWithPeaks(title, 3);
+  EXPECT_THAT(PeakHint(workspace, 0),
+              HasSubstr("This window has \"a.npd\" (3), \"b.npd\" (3) and 2 more: make"));
+}
+
 TEST_F(PeakCalGraphTest, HintNamesTheOtherWindowWhereThisOneHasNoPeaks) {
   ShowWithPeaks("Smooth", 24);
   MoveGraph(program, 1, 1);

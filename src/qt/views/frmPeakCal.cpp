@@ -193,7 +193,6 @@ void LayOut(frmPeakCal& form, FormWindow& window) {
 
   auto* right = new QVBoxLayout;
   right->setSpacing(kGap);
-  right->addWidget(PeakHintLine(form, window));
   right->addWidget(Lines(form, window), 3);
   right->addWidget(Plot(form, window), 2);
 
@@ -203,6 +202,7 @@ void LayOut(frmPeakCal& form, FormWindow& window) {
   body->addLayout(right, 1);
 
   QVBoxLayout* column = WindowColumn(window);
+  column->addWidget(PeakHintLine(form, window));
   column->addLayout(body, 1);
   auto* saved = window.As<LabelView>(form.lblOutcome);
   saved->SetElided();

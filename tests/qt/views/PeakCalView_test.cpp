@@ -1,6 +1,7 @@
 // The lattice form as its user sees and works it.
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
@@ -58,6 +59,28 @@ TEST_F(PeakCalViewTest, FitsIntoItsSmallestWindow) {
     EXPECT_LE(window.minimumSizeHint().width(), 1000);
     EXPECT_LE(window.minimumSizeHint().height(), 700);
   });
+}
+
+TEST_F(PeakCalViewTest, HintIsReadWholeWhereThereAreNoPeaks) {
+  for (int i = 1; i < 10; ++i) {
+    workspace.Peaks[Show({1, 2, 3}, "a_rather_long_name_of_a_spectrum.npd")].Count = 12;
+  }
+  Change_cboGrphSel(list, 0, 0);
+  WorkOnScreen([&](FormWindow& window) {
+    auto* hint = window.As<QLabel>(shown.lblPeakHint);
+    EXPECT_TRUE(hint->isVisible());
+    EXPECT_EQ(hint->text().toStdString(), shown.lblPeakHint.Caption());
+    window.resize(window.minimumSizeHint());
+    EXPECT_LE(hint->heightForWidth(hint->width()), hint->height());
+    EXPECT_LE(window.width(), 1000);
+    EXPECT_LE(window.height(), 700);
+  });
+}
+
+TEST_F(PeakCalViewTest, HintTakesNoRoomWhereThereArePeaks) {
+  AddLines(kCu);
+  WorkOnScreen(
+      [&](FormWindow& window) { EXPECT_FALSE(window.Of(shown.lblPeakHint)->isVisible()); });
 }
 
 TEST_F(PeakCalViewTest, SampleIsChosenAndFittedByKeys) {
