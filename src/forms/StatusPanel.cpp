@@ -2,9 +2,9 @@
 
 #include <filesystem>
 
+#include "files/FormatTable.h"
 #include "files/SplitPath.h"
 #include "forms/StatusHints.h"
-#include "program/OpenSave.h"
 
 namespace dorvane {
 namespace {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "files/FileDorvane.h"
+#include "files/FormatTable.h"
 #include "program/ProgramFixture.h"
 
 namespace dorvane {
