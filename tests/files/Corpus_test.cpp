@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <random>
 
+#include "files/AnalyserProperties.h"
 #include "files/ParaProperties.h"
 #include "files/ReaderProperties.h"
 
@@ -101,6 +102,22 @@ TEST(Corpus, ParaReaderHoldsOnSeedsAndMutants) {
 
 TEST(Corpus, IniReaderHoldsOnSeedsAndMutants) {
   ExpectHolds("ini_fuzz", IniReaderHolds);
+}
+
+TEST(Corpus, ReportReaderHoldsOnSeedsAndMutants) {
+  ExpectHolds("rpt_fuzz", RptReaderHolds);
+}
+
+TEST(Corpus, CnfReaderHoldsOnSeedsAndMutants) {
+  ExpectHolds("cnf_fuzz", CnfReaderHolds);
+}
+
+TEST(Corpus, ChnReaderHoldsOnSeedsAndMutants) {
+  ExpectHolds("chn_fuzz", ChnReaderHolds);
+}
+
+TEST(Corpus, DacReaderHoldsOnSeedsAndMutants) {
+  ExpectHolds("dac_fuzz", DacReaderHolds);
 }
 
 }  // namespace
