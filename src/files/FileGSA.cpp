@@ -78,10 +78,8 @@ ByteVector GsaImage(const ChannelBlock& block, const SpectrumRec& record) {
 
 std::int16_t WriteGsaFile(FileContext& context, const std::string& path, const ChannelBlock& block,
                           const SpectrumRec& record) {
-  return Guarded(context, kFailed, [&] {
-    if (context.files.Info(path) && !AskReplace(context, kReplaceGsa)) return kFalse;
-    return ReplaceWith(context, kFailed, path, GsaImage(block, record));
-  });
+  return AskAndReplace(context, kReplaceGsa, kFailed, path,
+                       [&] { return GsaImage(block, record); });
 }
 
 }  // namespace dorvane

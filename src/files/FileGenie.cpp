@@ -81,8 +81,18 @@ class CountLine {
   }
 
   static bool FitsColumns(std::string_view line, std::size_t most) {
-    return line.size() % kCountWidth == 0 &&
-           line.size() / kCountWidth <= std::min(kCountsInLine, most);
+    if (line.size() % kCountWidth != 0) return false;
+    if (line.size() / kCountWidth > std::min(kCountsInLine, most)) return false;
+    for (; !line.empty(); line.remove_prefix(kCountWidth)) {
+      if (!IsOneItemAtTheRight(line.substr(0, kCountWidth))) return false;
+    }
+    return true;
+  }
+
+  static bool IsOneItemAtTheRight(std::string_view field) {
+    const std::size_t at = field.find_first_not_of(' ');
+    return at != std::string_view::npos &&
+           field.find_first_of(kSeparators, at) == std::string_view::npos;
   }
 
   std::string_view rest_;
@@ -121,8 +131,9 @@ std::string_view Piece(std::string_view text, std::size_t at, std::size_t size) 
 }
 
 void TakeNames(std::string_view line, SpectrumRec& record) {
-  record.SampName.SetBytes(Trim(Piece(line, 0, kSampNameWidth)));
-  record.MsuName.SetBytes(Trim(Piece(line, kSampNameWidth, kMsuNameRead)));
+  const std::string_view name = line.substr(std::min<std::size_t>(kSampNameWidth, line.size()));
+  record.SampName.SetBytes(Trim(CutCodePage(line, kSampNameWidth)));
+  record.MsuName.SetBytes(Trim(CutCodePage(name, kMsuNameRead)));
   record.Memo.Clear();
   record.OpName.Clear();
   record.OpDate.SetBytes(DateFromYmd(Piece(line, kDateAt, kDateWidth)));
@@ -250,10 +261,8 @@ std::int16_t ReadRptFile(FileContext& context, const std::string& path, ChannelB
 
 std::int16_t WriteRptFile(FileContext& context, const std::string& path, const ChannelBlock& block,
                           const SpectrumRec& record) {
-  return Guarded(context, kFileError, [&] {
-    if (context.files.Info(path) && !AskReplace(context, kReplaceRpt)) return kFalse;
-    return ReplaceWith(context, kFileError, path, RptImage(block, record));
-  });
+  return AskAndReplace(context, kReplaceRpt, kFileError, path,
+                       [&] { return RptImage(block, record); });
 }
 
 std::int16_t ReadCnfFile(FileContext& context, const std::string& path, ChannelBlock& block,

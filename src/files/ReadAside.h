@@ -1,4 +1,5 @@
-// Reading a spectrum aside, so that a failure leaves record and channels as they were.
+// Reading a spectrum aside, so that a failure leaves record and channels as they were, and
+// replacing a file with a message of its own for the opening.
 #pragma once
 
 #include <memory>
@@ -35,18 +36,21 @@ std::int16_t ReadAside(FileContext& context, std::string_view message, const std
   });
 }
 
-// Opens the file to be replaced, then writes the image: "Open Error" where that fails first, else a
-// box with `message`; 0 after either.
-inline std::int16_t ReplaceWith(FileContext& context, std::string_view message,
-                                const std::string& path, const ByteVector& image) {
+// Asks before it replaces a file, 0 after No, opens it and writes the answer of `make_image`: "Open
+// Error" where that fails before the file is open, else a box with `message`; 0 after either.
+template <typename MakeImage>
+std::int16_t AskAndReplace(FileContext& context, std::string_view question,
+                           std::string_view message, const std::string& path,
+                           MakeImage&& make_image) {
   std::unique_ptr<FileReplacement> file;
   const auto open = [&] {
+    if (context.files.Info(path) && !AskReplace(context, question)) return kFalse;
     file = std::make_unique<FileReplacement>(context.files, path);
     return kTrue;
   };
   if (Guarded(context, kOpenError, open) != kTrue) return kFalse;
   return Guarded(context, message, [&] {
-    file->Commit(image);
+    file->Commit(make_image());
     return kTrue;
   });
 }

@@ -451,8 +451,8 @@ TEST_F(FileDorvaneTest, AFailedOpeningOfTheOthersIsOpenError) {
 }
 
 TEST_F(FileDorvaneTest, AFailedWriteOfAnXbmIsOpenError) {
-  // look for the question; look, create, then write
-  FailingFileLayer failing(system_, 5);
+  // look for the question and for old bytes; look, link, create, then write
+  FailingFileLayer failing(system_, 6);
   FileContext context{failing, dialogs_, last_data_type_};
   dialogs_.ExpectMessage("Open Error");
   EXPECT_EQ(WriteXbm(context, folder_.Path("new.xbm"), block_, record_), 0);
