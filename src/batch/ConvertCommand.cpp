@@ -5,6 +5,7 @@
 #include <future>
 #include <map>
 #include <ostream>
+#include <set>
 #include <thread>
 
 #include "batch/BatchError.h"
@@ -35,16 +36,35 @@ std::string EndingOf(const std::string& typed) {
   throw UsageError("--to " + typed + ": files are written as " + kinds);
 }
 
-// Why the file can't be written; empty when it can. `owners` tells whose result has that name.
-std::string Obstacle(FileLayer& files, const ConvertOptions& options, const Job& job,
-                     std::map<std::string, std::string>& owners) {
-  const auto [owner, is_new] = owners.emplace(job.to, job.from);
+// What the results of all files must keep off.
+struct Taken {
+  std::set<std::string> sources;              // with links followed
+  std::map<std::string, std::string> owners;  // of results: the file that each comes from
+};
+
+Taken SourcesOf(FileLayer& files, const std::vector<std::string>& paths) {
+  Taken taken;
+  for (const std::string& path : paths) {
+    try {
+      if (const auto info = files.Info(path)) taken.sources.insert(info->real_path);
+    } catch (const Fault&) {  // told when the file is read
+    }
+  }
+  return taken;
+}
+
+// Why the result can't be written; empty when it can.
+std::string Obstacle(FileLayer& files, bool overwrite, const Job& job, Taken& taken) {
+  const auto [owner, is_new] = taken.owners.emplace(job.to, job.from);
   if (!is_new) return job.to + " belongs to " + owner->second + " already";
-  const auto old = files.Info(job.to);
-  if (!old) return {};
-  const auto source = files.Info(job.from);
-  if (source && source->real_path == old->real_path) return job.to + " is the file itself";
-  return options.overwrite ? std::string() : job.to + " exists already (--overwrite replaces it)";
+  try {
+    const auto old = files.Info(job.to);
+    if (!old) return {};
+    if (taken.sources.contains(old->real_path)) return job.to + " is itself to be converted";
+    return overwrite ? std::string() : job.to + " exists already (--overwrite replaces it)";
+  } catch (const Fault& fault) {
+    return job.to + ": " + fault.what();
+  }
 }
 
 // As a save in the window: the name goes into the record, which counts as saved.
@@ -107,11 +127,11 @@ int RunConvert(const ConvertOptions& options, std::ostream& out, std::ostream& e
   const std::string ending = EndingOf(options.to);
   MakeFolder(options.out);
   SystemFileLayer files;
-  std::map<std::string, std::string> owners;
+  Taken taken = SourcesOf(files, options.files);
   std::vector<Job> jobs;
   for (const std::string& file : options.files) {
     Job job{file, ResultPath(options.out, file, ending), ""};
-    job.error = Obstacle(files, options, job, owners);
+    job.error = Obstacle(files, options.overwrite, job, taken);
     jobs.push_back(std::move(job));
   }
   ProgressBar bar(jobs.size(), !options.quiet);

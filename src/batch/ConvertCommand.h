@@ -23,8 +23,9 @@ struct ConvertOptions {
 void AddConvert(CLI::App& app, ConvertOptions& options);
 
 // Each file is whole on disk before the next is told. Exit status: 0 all done, 1 some files failed,
-// each told in one line on `err`. Files that exist are refused before any work, unless they may be
-// overwritten. Throws UsageError for what the options ask for and cannot be.
+// each told in one line on `err`. Results that exist are refused before any work, unless they may
+// be overwritten; a file to be converted is never replaced. Throws UsageError for what the options
+// ask for and cannot be.
 int RunConvert(const ConvertOptions& options, std::ostream& out, std::ostream& err);
 
 }  // namespace dorvane

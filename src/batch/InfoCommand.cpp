@@ -15,11 +15,14 @@ namespace {
 constexpr int kLabelWidth = 16;
 
 void Put(std::ostream& out, std::string_view label, std::string_view value) {
-  out << "  " << PadRight(label, kLabelWidth) << value << '\n';
+  out << "  " << (value.empty() ? std::string(label) : PadRight(label, kLabelWidth)) << value
+      << '\n';
 }
 
+// Nine significant digits: files hold no more, and a difference of angles none that are right.
 void Put(std::ostream& out, std::string_view label, double value, std::string_view unit) {
-  Put(out, label, PlainNumber(value) + (unit.empty() ? "" : " ") + std::string(unit));
+  const auto shown = ParseNumber(Picture(value, "0.00000000E+00"));
+  Put(out, label, PlainNumber(shown.value_or(value)) + " " + std::string(unit));
 }
 
 std::string_view FormatName(std::int16_t data_type) {
@@ -33,15 +36,37 @@ std::string_view FormatName(std::int16_t data_type) {
     case kDacData:
       return "angle-dispersive";
     default:
-      return "analyser, without a type of its own";
+      return "none";
   }
 }
 
-// Dates and times as they stand, blanks between their parts.
+bool IsDigits(std::string_view text, std::size_t count) {
+  return text.size() == count &&
+         std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// "2016-11-04 04:52:52"; a date or time that is not all digits stands as it is.
 std::string DateAndTime(const SpectrumRec& record) {
-  const std::string date = record.OpDate.Text();
-  const std::string time = record.OpTime.Text();
+  std::string date = record.OpDate.Text();
+  std::string time = record.OpTime.Text();
+  if (IsDigits(date, 8)) date.insert(6, "-").insert(4, "-");
+  if (IsDigits(time, 6)) time.insert(4, ":").insert(2, ":");
   return date + (date.empty() || time.empty() ? "" : " ") + time;
+}
+
+// What has been made of the counts.
+std::string Processing(std::int16_t flags) {
+  constexpr std::array<std::pair<std::int16_t, std::string_view>, 4> kKinds = {{
+      {FlagSmooth, "smoothed"},
+      {FlagBackGraund, "background"},
+      {FlagBackRemv, "background removed"},
+      {FlagFit, "fit"},
+  }};
+  std::string text;
+  for (const auto& [flag, kind] : kKinds) {
+    if ((flags & flag) != 0) text.append(text.empty() ? "" : ", ").append(kind);
+  }
+  return text.empty() ? "none" : text;
 }
 
 void PutTexts(std::ostream& out, const SpectrumRec& record) {
@@ -51,6 +76,7 @@ void PutTexts(std::ostream& out, const SpectrumRec& record) {
   Put(out, "Date and time", DateAndTime(record));
   Put(out, "Memo", record.Memo.Text());
   Put(out, "Data type", FormatName(record.DataType));
+  Put(out, "Processing", Processing(record.Prop.Flags));
 }
 
 struct Condition {
@@ -67,6 +93,7 @@ constexpr std::array kConditions{
     Condition{"Press X", &MeasProp::PressX, "mm"},
     Condition{"Press Y", &MeasProp::PressY, "mm"},
     Condition{"Press Z", &MeasProp::PressZ, "mm"},
+    Condition{"Press PHI", &MeasProp::PressTZ, "deg"},
     Condition{"Ring current", &MeasProp::Current, "mA"},
     Condition{"Counting rate", &MeasProp::CntRate, "1/s"},
 };
@@ -78,9 +105,9 @@ void PutConditions(std::ostream& out, const SpectrumFile& file) {
     Put(out, "Angle step", file.angles.DacAngleSlope, "deg");
   } else {
     Put(out, "2-theta", prop.TwoTheta, "deg");
-    for (int i = 0; i <= 2; ++i) {
-      Put(out, "EGC(" + std::to_string(i) + ")", prop.EGC[i], i == 0 ? "keV" : "");
-    }
+    Put(out, "EGC(0)", prop.EGC[0], "keV");
+    Put(out, "EGC(1)", prop.EGC[1], "keV/channel");
+    Put(out, "EGC(2)", prop.EGC[2], "keV/channel^2");
   }
   for (const Condition& condition : kConditions) {
     Put(out, condition.label, prop.*condition.field, condition.unit);
@@ -97,7 +124,11 @@ void PutCounts(std::ostream& out, const SpectrumFile& file) {
     Put(out, "Largest count",
         std::to_string(*largest) + " in channel " + std::to_string(largest - counts.begin() + 1));
   }
-  Put(out, "Fitted peaks", std::to_string(file.peaks.Count));
+  const std::span peaks(file.peaks.Peaks.data(), static_cast<std::size_t>(file.peaks.Count));
+  const auto fitted = std::count_if(peaks.begin(), peaks.end(),
+                                    [](const PeakRec& peak) { return peak.FitDone == kTrue; });
+  Put(out, "Peaks",
+      std::to_string(peaks.size()) + (peaks.empty() ? "" : ", fitted " + std::to_string(fitted)));
 }
 
 }  // namespace
