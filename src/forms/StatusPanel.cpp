@@ -5,6 +5,7 @@
 #include "files/FormatTable.h"
 #include "files/SplitPath.h"
 #include "forms/StatusHints.h"
+#include "program/OpenSave.h"
 
 namespace dorvane {
 namespace {
