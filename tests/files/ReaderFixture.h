@@ -10,36 +10,9 @@
 #include "files/FormatTable.h"
 #include "files/Images.h"
 #include "files/Samples.h"
+#include "support/ImageFileLayer.h"
 
 namespace dorvane {
-
-// Serves one image as the content of every path; nothing is written.
-class ImageFileLayer : public SystemFileLayer {
- public:
-  explicit ImageFileLayer(std::string_view image) : image_(AsBytes(image)) {}
-
-  std::optional<FileInfo> Info(const std::string& path) override {
-    FileInfo info;
-    info.real_path = path;
-    info.size = image_.size();
-    return info;
-  }
-  int OpenForReading(const std::string&) override {
-    at_ = 0;
-    return 1;
-  }
-  std::size_t Read(int, std::span<std::byte> out) override {
-    const auto part = image_.subspan(at_, std::min(out.size(), image_.size() - at_));
-    std::copy(part.begin(), part.end(), out.begin());
-    at_ += part.size();
-    return part.size();
-  }
-  void Close(int) override {}
-
- private:
-  std::span<const std::byte> image_;
-  std::size_t at_ = 0;
-};
 
 class ReaderTest : public FilesTest {
  protected:
