@@ -111,13 +111,14 @@ std::string SystemFileLayer::LinkTarget(const std::string& path) {
 }
 
 int SystemFileLayer::OpenForReading(const std::string& path) {
-  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (file < 0) ThrowErrno();
   return file;
 }
 
 int SystemFileLayer::Create(const std::string& path, unsigned permissions) {
-  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666);
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+  const int file = open(path.c_str(), kFlags, 0666);
   if (file < 0) ThrowErrno();
   if (permissions != 0 && fchmod(file, permissions) != 0) {
     const int error = errno;
