@@ -273,6 +273,13 @@ TEST_F(ConvertTest, EachFileThatCannotBeReadIsToldInALineAndTheOthersAreDone) {
   EXPECT_FALSE(folder.Has("broken.csv"));
 }
 
+TEST_F(ConvertTest, FileOfFourGibibytesIsRefusedUnread) {
+  PutXbm("huge.xbm");
+  std::filesystem::resize_file(folder.Path("huge.xbm"), std::uintmax_t{4} << 30);
+  EXPECT_EQ(Convert("npd", {"huge.xbm"}).err,
+            "dorvane-batch: huge.xbm: too large for a spectrum\n");
+}
+
 TEST_F(ConvertTest, FolderInPlaceOfAResultIsToldInALine) {
   PutFolder("run.npd");
   PutXbm("next.xbm");
