@@ -61,20 +61,19 @@ class CountLine {
       rest_.remove_prefix(item.size());
       return item;
     }
-    rest_.remove_prefix(std::min(rest_.find_first_not_of(kSeparators), rest_.size()));
-    const std::string_view item =
-        rest_.substr(0, std::min(rest_.find_first_of(kSeparators), rest_.size()));
-    rest_.remove_prefix(item.size());
-    return item;
+    const auto first = std::find_if_not(rest_.begin(), rest_.end(), IsSeparator);
+    const auto last = std::find_if(first, rest_.end(), IsSeparator);
+    rest_ = std::string_view(last, rest_.end());
+    return std::string_view(first, last);
   }
 
  private:
-  static constexpr std::string_view kSeparators = " ,\t";
+  static bool IsSeparator(char c) { return c == ' ' || c == ',' || c == '\t'; }
 
   static bool HasLongItem(std::string_view line) {
     std::size_t length = 0;
     for (const char c : line) {
-      length = kSeparators.find(c) == std::string_view::npos ? length + 1 : 0;
+      length = IsSeparator(c) ? 0 : length + 1;
       if (length > kCountWidth) return true;
     }
     return false;
@@ -90,9 +89,8 @@ class CountLine {
   }
 
   static bool IsOneItemAtTheRight(std::string_view field) {
-    const std::size_t at = field.find_first_not_of(' ');
-    return at != std::string_view::npos &&
-           field.find_first_of(kSeparators, at) == std::string_view::npos;
+    const auto item = std::find_if(field.begin(), field.end(), [](char c) { return c != ' '; });
+    return item != field.end() && std::none_of(item, field.end(), IsSeparator);
   }
 
   std::string_view rest_;
