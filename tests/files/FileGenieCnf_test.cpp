@@ -34,7 +34,11 @@ class CnfTest : public ReaderTest {
     PutText(image, offset, text);
     return image;
   }
-  void ReadGood(const std::string& image) { ASSERT_EQ(Read(image, "a.cnf"), -1); }
+  // Over channels that hold no count of the file.
+  void ReadGood(const std::string& image) {
+    block_.Counts.fill(-1);
+    ASSERT_EQ(Read(image, "a.cnf"), -1);
+  }
   void ExpectFileError(const std::string& image) { ExpectRefused(image, "a.cnf", "File Error"); }
   void ExpectGood() {
     EXPECT_EQ(record_.MsuName.Text(), "run 12");
@@ -46,6 +50,7 @@ class CnfTest : public ReaderTest {
     EXPECT_EQ(record_.Prop.EGC[1], 0.05);
     EXPECT_EQ(record_.Prop.EGC[2], 0);
     EXPECT_EQ(block_.Count, 4096);
+    EXPECT_EQ(block_.Counts[0], 10);
     EXPECT_EQ(block_.Counts[1], 10);
     EXPECT_EQ(block_.Counts[4095], 40950);
   }
