@@ -187,7 +187,7 @@ TEST_P(ReaderPlaceTest, AFileOfFourGibibytesIsRefusedUnread) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, ReaderPlaceTest, testing::ValuesIn(Readers()),
-                         [](const auto& info) { return info.param.name; });
+                         [](const auto& test) { return test.param.name; });
 
 }  // namespace
 }  // namespace dorvane

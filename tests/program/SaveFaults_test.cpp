@@ -110,7 +110,7 @@ TEST_P(SaveFaultsTest, AGraphStaysUnsavedWhereItMayNotBeWritten) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, SaveFaultsTest, testing::ValuesIn(WritableExtensions()),
-                         [](const auto& info) { return info.param; });
+                         [](const auto& test) { return test.param; });
 
 // The copy of a log that the user keeps.
 WriterCase ResultWriter() {
