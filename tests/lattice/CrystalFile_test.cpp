@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
+#include <filesystem>
 #include <fstream>
 #include <functional>
 
 #include "lattice/CrystalData.h"
+#include "support/AwkwardFiles.h"
 #include "support/FailingFileLayer.h"
 #include "support/TemporaryFolder.h"
 
@@ -192,6 +196,38 @@ TEST(CrystalFile, AFailureOfTheFileLayerPasses) {
     FailingFileLayer files(system, call);
     EXPECT_THROW(ReadCrystalFile(files, DORVANE_SOURCE_DIR "/data/crystal.dat"), Fault) << call;
   }
+}
+
+TEST(CrystalFile, WhatIsNoFileOrTooLargeFailsUnread) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder.Path("folder"));
+  ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0600), 0);
+  std::filesystem::create_symlink("circle", folder.Path("circle"));
+  folder.Put("large", kTenLines + "1\n" + kSalt);
+  std::filesystem::resize_file(folder.Path("large"), std::uintmax_t{4} << 30);
+  CountingFiles files;
+  for (const char* name : {"folder", "pipe", "circle", "large"}) {
+    const auto [code, text] = FaultOf([&] { ReadCrystalFile(files, folder.Path(name)); });
+    EXPECT_EQ(code, FaultCode::FileFailed) << name;
+  }
+  EXPECT_EQ(files.bytes_read, 0u);
+}
+
+TEST(CrystalFile, AFileThatShrinksWhileItIsReadIsACutOne) {
+  const TemporaryFolder folder;
+  const std::string whole = kTenLines + "1\n" + kSalt;
+  folder.Put("crystal.dat", whole);
+  ShrinkingFiles files(whole.size() - 4);
+  const auto [code, text] = FaultOf([&] { ReadCrystalFile(files, folder.Path("crystal.dat")); });
+  EXPECT_EQ(code, FaultCode::EndOfFile);
+}
+
+TEST(CrystalFile, ALinkToAJapaneseNameIsFollowed) {
+  const TemporaryFolder folder;
+  folder.Put("結晶 データ.dat", kTenLines + "1\n" + kSalt);
+  std::filesystem::create_symlink("結晶 データ.dat", folder.Path("crystal.dat"));
+  SystemFileLayer files;
+  EXPECT_EQ(ReadCrystalFile(files, folder.Path("crystal.dat")).CrystalTable[0].Name, "NACL");
 }
 
 class BundledLibrary : public testing::Test {
