@@ -4,7 +4,6 @@
 #include <array>
 #include <atomic>
 #include <condition_variable>
-#include <filesystem>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -13,8 +12,8 @@
 
 #include "batch/BatchError.h"
 #include "batch/ProgramFiles.h"
+#include "batch/Results.h"
 #include "batch/Tables.h"
-#include "files/SplitPath.h"
 #include "qt/surface/Picture.h"
 
 namespace dorvane {
@@ -47,18 +46,8 @@ struct Outcome {
   std::string error;  // empty when all went well
 };
 
-// NAME is the file's name without extension; the number of a series stays in it.
-std::string ResultName(const std::string& file) {
-  const PathParts parts = SplitPath(file);
-  const bool in_series =
-      !parts.Ext.empty() &&
-      std::all_of(parts.Ext.begin(), parts.Ext.end(), [](char c) { return c >= '0' && c <= '9'; });
-  return in_series ? parts.Name + "_" + parts.Ext : parts.Name;
-}
-
 ResultPaths PathsFor(const AnalyseOptions& options, const std::string& file) {
-  const std::string base =
-      (std::filesystem::path(options.out) / ResultName(file)).lexically_normal().string();
+  const std::string base = ResultPath(options.out, file, "");
   return {base + "_peaks.csv", base + "_lattice.json", base + "." + options.picture};
 }
 
@@ -239,14 +228,6 @@ bool WriteLog(FileLayer& files, const AnalyseOptions& options,
   } catch (const Fault& fault) {
     err << "dorvane-batch: log " << options.log << ": " << fault.what() << '\n';
     return false;
-  }
-}
-
-void MakeFolder(const std::string& folder) {
-  std::error_code failed;
-  std::filesystem::create_directories(folder, failed);
-  if (failed || !std::filesystem::is_directory(folder)) {
-    throw UsageError("--out " + folder + ": no such folder, and it can't be made");
   }
 }
 

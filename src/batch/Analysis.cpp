@@ -5,8 +5,8 @@
 #include <cmath>
 
 #include "batch/BatchError.h"
+#include "batch/SpectrumFile.h"
 #include "batch/Tables.h"
-#include "files/SplitPath.h"
 #include "fitting/NaxScan.h"
 #include "processing/PeakOpe.h"
 #include "processing/Units.h"
@@ -81,16 +81,7 @@ AnalysisRun::AnalysisRun(FileLayer& files, const CrystalLibrary& library,
 }
 
 void AnalysisRun::Read() {
-  const PathParts parts = SplitPath(result_.path);
-  const auto info = files_.Info(result_.path);
-  if (!info) throw BatchError("no such file");
-  if (!info->regular) throw BatchError("not a file");
-  if (info->size == 0) throw BatchError("the file is empty");
-  if (info->size > kLargestFile) throw BatchError("too large for a spectrum");
-  if (!CanRead(parts.Ext))
-    throw BatchError("not a kind of file that can be read (.npd, .xbm, .xba, .001)");
-  // The reader's own message doesn't tell a file that may not be opened from a broken one.
-  files_.Close(files_.OpenForReading(result_.path));
+  CheckReadable(files_, result_.path);
   if (ReadGraph(*program_, 0, 0, result_.path) != -1) {
     throw BatchError("not a whole spectrum file: " + LastOf(ports_.dialogs.messages, "Open Error"));
   }

@@ -7,7 +7,10 @@
 
 #include "batch/Analyse.h"
 #include "batch/BatchError.h"
+#include "batch/ConvertCommand.h"
+#include "batch/InfoCommand.h"
 #include "batch/SimulateCommand.h"
+#include "files/FormatTable.h"
 #include "support/NumberText.h"
 #include "support/Rounding.h"
 
@@ -34,7 +37,8 @@ struct AnalyseTexts {
 void AddAnalyse(CLI::App& app, AnalyseOptions& options, AnalyseTexts& texts) {
   CLI::App* analyse = app.add_subcommand(
       "analyse", "Fit, index and refine spectra; pressure from a marker crystal");
-  analyse->add_option("FILE", options.files, "Spectrum files (.npd, .xbm, .xba, .001)")->required();
+  analyse->add_option("FILE", options.files, "Spectrum files (" + ReadableKinds() + ")")
+      ->required();
   AnalysisRequest& request = options.request;
   analyse->add_option("--crystal", request.crystal,
                       "Crystal of the library; default: the spectrum's sample name");
@@ -144,9 +148,15 @@ int RunBatch(int argc, char** argv, std::ostream& out, std::ostream& err) {
   AddAnalyse(app, analyse_options, analyse_texts);
   SimulateOptions simulate_options;
   AddSimulate(app, simulate_options);
+  ConvertOptions convert_options;
+  AddConvert(app, convert_options);
+  InfoOptions info_options;
+  AddInfo(app, info_options);
   try {
     app.parse(argc, argv);
     if (app.got_subcommand("simulate")) return RunSimulate(simulate_options, out, err);
+    if (app.got_subcommand("convert")) return RunConvert(convert_options, out, err);
+    if (app.got_subcommand("info")) return RunInfo(info_options, out, err);
     SettleAnalyse(analyse_texts, analyse_options);
     return RunAnalyse(analyse_options, argc, argv, out, err);
   } catch (const CLI::ParseError& error) {

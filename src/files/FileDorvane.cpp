@@ -1,12 +1,15 @@
 #include "files/FileDorvane.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "files/FieldImage.h"
 #include "files/PropImage.h"
 #include "files/SplitPath.h"
 #include "files/TextLines.h"
+#include "processing/Units.h"
+#include "support/CodePage.h"
 #include "support/NumberText.h"
 
 namespace dorvane {
@@ -175,6 +178,24 @@ std::string ShortDate(std::string_view yyyymmdd) {
   return date;
 }
 
+constexpr std::string_view kCsvFailed = "CSV File Write Error";
+
+// A line of the ".csv" export.
+struct Condition {
+  std::string_view label;
+  std::string_view picture;
+  double MeasProp::*field;
+};
+constexpr std::array<Condition, 7> kConditions = {{
+    {"Press X", "##0.000", &MeasProp::PressX},
+    {"Press Y", "##0.000", &MeasProp::PressY},
+    {"Press Z", "##0.000", &MeasProp::PressZ},
+    {"Press Load", "###0.000", &MeasProp::Load},
+    {"Pressure", "###0.000", &MeasProp::Press},
+    {"Temperature", "####0.000", &MeasProp::Temp},
+    {"Live Time", "#####0.00", &MeasProp::LiveTime},
+}};
+
 }  // namespace
 
 void ParseXbm(std::span<const std::byte> image, ChannelBlock& block, SpectrumRec& record) {
@@ -229,6 +250,32 @@ ByteVector XtaImage(const ChannelBlock& block, const SpectrumRec& record) {
   return text.Take();
 }
 
+ByteVector CsvImage(const ChannelBlock& block, const SpectrumRec& record) {
+  constexpr std::string_view kEgcPicture = "#####0.000000";
+  CheckedCount(block.Count, kMaxChannels);
+  const MeasProp& prop = record.Prop;
+  LineWriter text;
+  const auto put = [&](std::string_view label, double value, std::string_view picture) {
+    text.Line({label, ",", Picture(value, picture), ", "});
+  };
+  for (const Condition& condition : kConditions) {
+    put(condition.label, prop.*condition.field, condition.picture);
+  }
+  // KEPT: EGC(2) has no line, though the energies below take it into account.
+  put("EGC(0)", prop.EGC[0], kEgcPicture);
+  put("EGC(1)", prop.EGC[1], kEgcPicture);
+  put(ToCodePage("2θ"), prop.TwoTheta, "#####0.00000");
+  text.Line({});
+  text.Line({});
+  text.Line({Picture(block.Count, "###0"), ", , "});
+  text.Line({"Channel,Energy,Count"});
+  for (int i = 0; i < block.Count; ++i) {
+    text.Line({std::to_string(i + 1), ",", Picture(ChToEnergy(i + 1, prop.EGC), "###0.000"), ",",
+               std::to_string(block.Counts[i])});
+  }
+  return text.Take();
+}
+
 std::int16_t ReadXbm(FileContext& context, const std::string& path, ChannelBlock& block,
                      SpectrumRec& record) {
   return Guarded(context, kOpenError, [&] {
@@ -275,6 +322,14 @@ std::int16_t WriteXta(FileContext& context, const std::string& path, const Chann
                       const SpectrumRec& record) {
   return Guarded(context, kOpenError, [&] {
     ReplaceFile(context.files, path, XtaImage(block, record));
+    return kTrue;
+  });
+}
+
+std::int16_t WriteCsv(FileContext& context, const std::string& path, const ChannelBlock& block,
+                      const SpectrumRec& record) {
+  return Guarded(context, kCsvFailed, [&] {
+    ReplaceFile(context.files, path, CsvImage(block, record));
     return kTrue;
   });
 }

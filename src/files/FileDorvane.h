@@ -1,5 +1,5 @@
 // The program's own spectrum files: ".xbm" (record and channels), ".xba" (the same and the peak
-// table) and the text export ".xta". The formats stand in docs/formats/native.md.
+// table), and the text exports ".xta" and ".csv". The formats stand in docs/formats/native.md.
 #pragma once
 
 #include <cstdint>
@@ -34,6 +34,10 @@ std::int16_t WriteXba(FileContext& context, const std::string& path, const Chann
 // Replaces without a question.
 std::int16_t WriteXta(FileContext& context, const std::string& path, const ChannelBlock& block,
                       const SpectrumRec& record);
+// Conditions, then channel, energy and count. Replaces without a question; a failure ends in the
+// box "CSV File Write Error".
+std::int16_t WriteCsv(FileContext& context, const std::string& path, const ChannelBlock& block,
+                      const SpectrumRec& record);
 
 // The same on images in memory. Throw Fault(EndOfFile) for a cut image and Fault(Subscript) for a
 // channel count outside 0..8192 or a peak count outside 0..100.
@@ -43,5 +47,6 @@ void ParseXba(std::span<const std::byte> image, ChannelBlock& block, SpectrumRec
 ByteVector XbmImage(const ChannelBlock& block, const SpectrumRec& record);
 ByteVector XbaImage(const ChannelBlock& block, const SpectrumRec& record, const PeakTable& peaks);
 ByteVector XtaImage(const ChannelBlock& block, const SpectrumRec& record);
+ByteVector CsvImage(const ChannelBlock& block, const SpectrumRec& record);
 
 }  // namespace dorvane

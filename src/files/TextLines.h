@@ -20,6 +20,7 @@ class LineReader {
   // The next line without its end. Throws Fault(EndOfFile) when none is left.
   std::string_view Next();
   void Skip(int lines);
+  bool AtEnd() const { return rest_.empty(); }
 
  private:
   std::string_view rest_;

@@ -4,8 +4,8 @@
 #include <filesystem>
 
 #include "files/FileContext.h"
+#include "files/FormatTable.h"
 #include "files/SplitPath.h"
-#include "program/OpenSave.h"
 
 namespace dorvane {
 namespace {
@@ -54,11 +54,7 @@ bool HasReader(const std::string& path) {
 }
 
 std::string KindsOfSpectra() {
-  std::string kinds;
-  for (const std::string& extension : ReadableExtensions()) {
-    kinds += (kinds.empty() ? "." : ", .") + extension;
-  }
-  return "Spectra end in " + kinds + " or in a number";
+  return "Spectra end in " + ReadableKinds();
 }
 
 }  // namespace

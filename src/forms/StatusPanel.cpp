@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "files/FormatTable.h"
 #include "files/SplitPath.h"
 #include "forms/StatusHints.h"
 #include "program/OpenSave.h"

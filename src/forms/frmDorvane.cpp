@@ -1,5 +1,6 @@
 #include "forms/frmDorvane.h"
 
+#include "files/FormatTable.h"
 #include "files/SplitPath.h"
 #include "forms/MenuTable.h"
 #include "processing/Units.h"

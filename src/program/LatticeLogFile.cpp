@@ -26,7 +26,7 @@ bool IsLogMode(std::int16_t mode) {
 int CreateLog(FileLayer& files, const std::string& path) {
   const auto info = files.Info(path);
   if (info && !info->regular) throw Fault(FaultCode::FileFailed);
-  return files.Create(info ? info->real_path : path, 0);
+  return files.Create(info ? info->real_path : files.LinkTarget(path), 0);
 }
 
 }  // namespace

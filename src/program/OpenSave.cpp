@@ -1,15 +1,12 @@
 #include "program/OpenSave.h"
 
 #include <algorithm>
-#include <array>
 
-#include "files/FileDorvane.h"
-#include "files/FileNPD.h"
+#include "files/FormatTable.h"
 #include "files/SplitPath.h"
 #include "processing/PeakOpe.h"
 #include "processing/RoiOpe.h"
 #include "program/View.h"
-#include "support/NumberText.h"
 
 namespace dorvane {
 
@@ -22,67 +19,10 @@ const std::string_view kSaveFilter =
 
 namespace {
 
-using Reader = std::int16_t (*)(Program&, const std::string& path, int data_no);
-using Writer = Reader;
-
-// An operation on a file as a row of the tables below.
-template <auto Operation>
-std::int16_t OnSpectrum(Program& program, const std::string& path, int data_no) {
-  FileContext files = program.FileAccess();
-  return Operation(files, path, program.workspace.Channels[data_no],
-                   program.workspace.Spectra[data_no]);
-}
-
-// The same for a format that carries the peak table.
-template <auto Operation>
-std::int16_t OnSpectrumWithPeaks(Program& program, const std::string& path, int data_no) {
-  FileContext files = program.FileAccess();
-  return Operation(files, path, program.workspace.Channels[data_no],
-                   program.workspace.Spectra[data_no], program.workspace.Peaks[data_no]);
-}
-
-struct ReaderRow {
-  std::string_view extension;
-  Reader read;
-};
-constexpr std::array kReaders{
-    ReaderRow{"npd", OnSpectrum<ReadNpdFile>},
-    ReaderRow{"xbm", OnSpectrum<ReadXbm>},
-    ReaderRow{"xba", OnSpectrumWithPeaks<ReadXba>},
-};
-
-struct WriterRow {
-  std::string_view extension;
-  Writer write;
-};
-constexpr std::array kWriters{
-    WriterRow{"xta", OnSpectrum<WriteXta>},
-    WriterRow{"xba", OnSpectrumWithPeaks<WriteXba>},
-    WriterRow{"npd", OnSpectrum<WriteNpdFile>},
-    WriterRow{"xbm", OnSpectrum<WriteXbm>},
-};
-
-// Files of a measurement series end in a number; the test comes before all others.
-bool IsSeriesNumber(std::string_view extension) {
-  return !extension.empty() && std::all_of(extension.begin(), extension.end(),
-                                           [](char c) { return c >= '0' && c <= '9'; });
-}
-
-Reader ReaderOf(std::string_view extension) {
-  if (IsSeriesNumber(extension)) return OnSpectrum<ReadXbm>;
-  const std::string lower = LowerAscii(extension);
-  for (const ReaderRow& row : kReaders) {
-    if (row.extension == lower) return row.read;
-  }
-  return nullptr;
-}
-
-Writer WriterOf(std::string_view extension) {
-  const std::string lower = LowerAscii(extension);
-  for (const WriterRow& row : kWriters) {
-    if (row.extension == lower) return row.write;
-  }
-  return nullptr;
+FileParts PartsOf(Program& program, int data_no) {
+  Workspace& workspace = program.workspace;
+  return {workspace.Channels[data_no], workspace.Spectra[data_no], workspace.Peaks[data_no],
+          workspace.Dac};
 }
 
 std::string NameWithExtension(const PathParts& parts) {
@@ -140,8 +80,8 @@ std::int16_t ReadIntoRow(Program& program, int win_no, int grp_no, const std::st
   workspace.Peaks[workspace.Slots[data_no].DataNo].Count = 0;
   program.Listener().PeakLinesCleared(win_no);
 
-  const Reader read = ReaderOf(parts.Ext);
-  if (read == nullptr || read(program, path, data_no) != -1) return 0;
+  FileContext files = program.FileAccess();
+  if (ReadByExtension(files, path, PartsOf(program, data_no)) != -1) return 0;
 
   program.Listener().PointMarksCleared(win_no, data_no);
   SetGraph(list, win_no, grp_no, data_no, title);
@@ -224,8 +164,8 @@ std::int16_t SaveGraphAs(Program& program, const std::string& path) {
   record.SaveFlag = 0;
   record.MsuName.Set(parts.Name);
   record.SaveFlag = 1;
-  const Writer write = WriterOf(parts.Ext);
-  if (write == nullptr || write(program, path, slot.DataNo) != -1) {
+  FileContext files = program.FileAccess();
+  if (WriteByExtension(files, path, PartsOf(program, slot.DataNo)) != -1) {
     program.Listener().FileNotWritten(path);
     return 0;
   }
@@ -233,19 +173,6 @@ std::int16_t SaveGraphAs(Program& program, const std::string& path) {
   program.Listener().SelectorFilled();
   program.Listener().FileWritten(path);
   return -1;
-}
-
-bool CanRead(std::string_view extension) {
-  return ReaderOf(extension) != nullptr;
-}
-bool CanWrite(std::string_view extension) {
-  return WriterOf(extension) != nullptr;
-}
-
-std::vector<std::string> ReadableExtensions() {
-  std::vector<std::string> extensions;
-  for (const ReaderRow& row : kReaders) extensions.emplace_back(row.extension);
-  return extensions;
 }
 
 }  // namespace dorvane

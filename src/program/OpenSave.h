@@ -40,13 +40,4 @@ std::int16_t SaveGraphAs(Program& program, const std::string& path);
 // current row's kind, "abc_FIT"; no suffix where there is no raw title.
 std::string ProposedName(const Program& program);
 
-// Whether some reader or writer takes this extension (without its dot); upper and lower case are
-// the same.
-bool CanRead(std::string_view extension);
-bool CanWrite(std::string_view extension);
-
-// The extensions that a dialog of the desktop offers to open, without dots, in the order of the
-// filter.
-std::vector<std::string> ReadableExtensions();
-
 }  // namespace dorvane

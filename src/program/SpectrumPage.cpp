@@ -243,7 +243,9 @@ class PagePainter {
     };
     std::vector<Segment> line;
     for (double channel = first; channel + kCurveStep <= last; channel += kCurveStep) {
-      line.push_back({place(channel), place(channel + kCurveStep)});
+      const Segment segment{place(channel), place(channel + kCurveStep)};
+      // The peaks of a file may hold what is no number.
+      if (std::isfinite(segment.from.y) && std::isfinite(segment.to.y)) line.push_back(segment);
     }
     return line;
   }
@@ -264,7 +266,7 @@ class PagePainter {
     const double text_height = graph.TextHeight();
     std::vector<PlacedLabel> placed;
     for (const PageLabel& label : content_.labels) {
-      if (label.channel < shown_.first || label.channel > shown_.last) continue;
+      if (!(label.channel >= shown_.first && label.channel <= shown_.last)) continue;
       const double x = XOf(label.channel);
       const double text_width = graph.TextWidth(label.text);
       const double left =

@@ -4,9 +4,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <functional>
 
 #include "support/Fault.h"
 
@@ -16,6 +18,8 @@ namespace {
 constexpr unsigned kPermissionBits = 07777;
 // Of a temporary, without its additions: file systems end at 255 bytes.
 constexpr std::size_t kLongestName = 240;
+constexpr std::size_t kHeadOfLongName = 220;
+constexpr int kMostLinks = 40;
 
 [[noreturn]] void ThrowErrno() {
   switch (errno) {
@@ -31,10 +35,19 @@ constexpr std::size_t kLongestName = 240;
   }
 }
 
+// With its closing slash.
+std::string FolderOf(const std::string& path) {
+  return path.substr(0, path.rfind('/') + 1);
+}
+
+// Long names are cut, and told apart by what their whole hashes to.
 std::string TemporaryBeside(const std::string& path) {
-  const auto slash = path.rfind('/');
-  const std::size_t name_at = slash == std::string::npos ? 0 : slash + 1;
-  return path.substr(0, name_at) + "." + path.substr(name_at, kLongestName) + ".saving";
+  const std::string folder = FolderOf(path);
+  std::string name = path.substr(folder.size());
+  if (name.size() > kLongestName) {
+    name = name.substr(0, kHeadOfLongName) + std::to_string(std::hash<std::string>{}(name));
+  }
+  return folder + "." + name + ".saving";
 }
 
 // Closes on every way out; a failing close counts only where the caller asks for it.
@@ -82,14 +95,30 @@ std::optional<FileInfo> SystemFileLayer::Info(const std::string& path) {
   return info;
 }
 
+std::string SystemFileLayer::LinkTarget(const std::string& path) {
+  std::string at = path;
+  for (int links = 0; links < kMostLinks; ++links) {
+    std::array<char, PATH_MAX> text{};
+    const ssize_t size = readlink(at.c_str(), text.data(), text.size());
+    if (size < 0) {
+      if (errno == EINVAL || errno == ENOENT || errno == ENOTDIR) return at;
+      ThrowErrno();
+    }
+    const std::string target(text.data(), static_cast<std::size_t>(size));
+    at = target.starts_with('/') ? target : FolderOf(at) + target;
+  }
+  throw Fault(FaultCode::FileFailed);
+}
+
 int SystemFileLayer::OpenForReading(const std::string& path) {
-  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (file < 0) ThrowErrno();
   return file;
 }
 
 int SystemFileLayer::Create(const std::string& path, unsigned permissions) {
-  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666);
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+  const int file = open(path.c_str(), kFlags, 0666);
   if (file < 0) ThrowErrno();
   if (permissions != 0 && fchmod(file, permissions) != 0) {
     const int error = errno;
@@ -156,7 +185,7 @@ FileReplacement::FileReplacement(FileLayer& files, const std::string& path) : fi
   const auto info = files.Info(path);
   if (info && !info->regular) throw Fault(FaultCode::FileFailed);
   if (info && !info->writable) throw Fault(FaultCode::PermissionDenied);
-  target_ = info ? info->real_path : path;
+  target_ = info ? info->real_path : files.LinkTarget(path);
   temporary_ = TemporaryBeside(target_);
   file_ = files.Create(temporary_, info ? info->permissions : 0);
 }

@@ -25,6 +25,8 @@ class FileLayer {
  public:
   virtual ~FileLayer() = default;
   virtual std::optional<FileInfo> Info(const std::string& path) = 0;
+  // Where a link that leads to no file points, through further links; `path` where it is no link.
+  virtual std::string LinkTarget(const std::string& path) = 0;
   virtual int OpenForReading(const std::string& path) = 0;
   // Creates the file, or empties an existing one. Permissions 0 stand for the system's default.
   virtual int Create(const std::string& path, unsigned permissions) = 0;
@@ -41,6 +43,7 @@ class FileLayer {
 class SystemFileLayer : public FileLayer {
  public:
   std::optional<FileInfo> Info(const std::string& path) override;
+  std::string LinkTarget(const std::string& path) override;
   int OpenForReading(const std::string& path) override;
   int Create(const std::string& path, unsigned permissions) override;
   std::size_t Read(int file, std::span<std::byte> out) override;
@@ -59,8 +62,9 @@ ByteVector ReadFile(FileLayer& files, const std::string& path, std::size_t limit
 
 // Replaces the content of a file in one step: a temporary beside the file is written, flushed and
 // renamed, so that a failure or a crash at any moment leaves the old file or the new one whole.
-// Permissions are kept and links followed; a file that may not be written is refused. A temporary
-// that a crash has left is taken over by the next replacement.
+// Permissions are kept and links followed, also to a file that is not there yet; a file that may
+// not be written is refused. A temporary that a crash has left is taken over by the next
+// replacement.
 class FileReplacement {
  public:
   // Opens the temporary. Throws a Fault when that fails.

@@ -10,6 +10,7 @@
 
 #include "files/FilesFixture.h"
 #include "files/Samples.h"
+#include "support/ImageFileLayer.h"
 
 namespace dorvane {
 namespace {
@@ -253,19 +254,24 @@ TEST_F(FileDorvaneTest, CutAtAnyByteIsOpenError) {
   for (std::size_t size = 0; size < image.size(); ++size) {
     block_.Count = 0;
     dialogs_.ExpectMessage("Open Error");
-    EXPECT_EQ(Read(image.substr(0, size)), 0) << size;
+    ImageFileLayer files(std::string_view(image).substr(0, size));
+    FileContext context{files, dialogs_, last_data_type_};
+    EXPECT_EQ(ReadXbm(context, "a.xbm", block_, record_), 0) << size;
     EXPECT_TRUE(dialogs_.Done()) << size;
     EXPECT_LE(block_.Count, 3);
   }
   EXPECT_EQ(last_data_type_, 0);
 }
 
-TEST_F(FileDorvaneTest, CutPeakTableIsOpenErrorAtAnyByte) {
+TEST_F(FileDorvaneTest, XbaCutAtAnyByteIsOpenError) {
   const std::string image = XbaOf(1, 2);
-  for (std::size_t size = XbmOf(1).size(); size < image.size(); ++size) {
+  for (std::size_t size = 0; size < image.size(); ++size) {
     dialogs_.ExpectMessage("Open Error");
-    EXPECT_EQ(ReadWithPeaks(image.substr(0, size)), 0) << size;
-    EXPECT_LT(peaks_.Count, 2) << size;
+    ImageFileLayer files(std::string_view(image).substr(0, size));
+    FileContext context{files, dialogs_, last_data_type_};
+    EXPECT_EQ(ReadXba(context, "a.xba", block_, record_, peaks_), 0) << size;
+    EXPECT_LE(block_.Count, 1) << size;
+    EXPECT_EQ(peaks_.Count, size < image.size() - kPeakSize ? 0 : 1) << size;
   }
 }
 
@@ -451,39 +457,12 @@ TEST_F(FileDorvaneTest, AFailedOpeningOfTheOthersIsOpenError) {
 }
 
 TEST_F(FileDorvaneTest, AFailedWriteOfAnXbmIsOpenError) {
-  // look for the question; look, create, then write
-  FailingFileLayer failing(system_, 5);
+  // look for the question and for old bytes; look, link, create, then write
+  FailingFileLayer failing(system_, 6);
   FileContext context{failing, dialogs_, last_data_type_};
   dialogs_.ExpectMessage("Open Error");
   EXPECT_EQ(WriteXbm(context, folder_.Path("new.xbm"), block_, record_), 0);
   EXPECT_TRUE(folder_.Names().empty());
-}
-
-TEST_F(FileDorvaneTest, XbmIsOldOrNewAtEveryFailure) {
-  const auto write = [](FileContext& context, const std::string& path) {
-    return WriteXbm(context, path, SampleBlock(100), SampleRecord());
-  };
-  const std::string image = Text(XbmImage(SampleBlock(100), SampleRecord()));
-  ExpectOldOrNewAtEveryFailure(write, "old", image, OpenFailure::Passed);
-  ExpectOldOrNewAtEveryKill(write, "old", image);
-}
-
-TEST_F(FileDorvaneTest, XbaIsOldOrNewAtEveryFailure) {
-  const auto write = [](FileContext& context, const std::string& path) {
-    return WriteXba(context, path, SampleBlock(100), SampleRecord(), SamplePeaks(3));
-  };
-  const std::string image = Text(XbaImage(SampleBlock(100), SampleRecord(), SamplePeaks(3)));
-  ExpectOldOrNewAtEveryFailure(write, "old", image);
-  ExpectOldOrNewAtEveryKill(write, "old", image);
-}
-
-TEST_F(FileDorvaneTest, XtaIsOldOrNewAtEveryFailure) {
-  const auto write = [](FileContext& context, const std::string& path) {
-    return WriteXta(context, path, SampleBlock(100), SampleRecord());
-  };
-  const std::string image = Text(XtaImage(SampleBlock(100), SampleRecord()));
-  ExpectOldOrNewAtEveryFailure(write, "old", image);
-  ExpectOldOrNewAtEveryKill(write, "old", image);
 }
 
 TEST_F(FileDorvaneTest, XtaOfSixteenChannelsHasTwoValueLines) {

@@ -494,16 +494,6 @@ TEST_F(FileNpdTest, AFailedWriteIsOpenError) {
   EXPECT_TRUE(folder_.Names().empty());
 }
 
-TEST_F(FileNpdTest, IsOldOrNewAtEveryFailure) {
-  const auto write = [](FileContext& context, const std::string& path) {
-    SpectrumRec record = SampleRecord();
-    return WriteNpdFile(context, path, SampleBlock(100), record);
-  };
-  const std::string image(AsText(NpdImage(SampleBlock(100), SampleRecord())));
-  ExpectOldOrNewAtEveryFailure(write, "old", image);
-  ExpectOldOrNewAtEveryKill(write, "old", image);
-}
-
 // A measured spectrum; numbers are read off the file by eye, the sum by another program.
 TEST_F(FileNpdTest, CorundumSample) {
   const std::string path = std::string(DORVANE_SOURCE_DIR) + "/samples/corundum_ambient.npd";

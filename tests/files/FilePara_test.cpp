@@ -17,7 +17,6 @@ namespace {
 constexpr std::size_t kShortSize = 4666;
 constexpr std::size_t kLongSize = 5330;
 constexpr const char* kReadMessage = "Para File Read (Open Error)";
-constexpr const char* kWriteMessage = "Para File Write (Open Error)";
 
 // A value of its own in every field.
 ParaBlock SamplePara() {
@@ -175,31 +174,6 @@ TEST_F(FileParaTest, FailedTransferIsToldAndGivesNothing) {
   EXPECT_EQ(Held(), SamplePara());
 }
 
-TEST_F(FileParaTest, FailedWriteIsToldAndLeavesTheOldFile) {
-  bool hit = true;
-  for (int n = 1; hit; ++n) {
-    folder_.Put("para", "old");
-    FailingFileLayer failing(system_, n);
-    YesDialogs dialogs;
-    FileContext context{failing, dialogs, last_data_type_};
-    const std::int16_t written = ParaFileWrite(context, folder_.Path("para"), *workspace_);
-    hit = failing.Hit();
-    EXPECT_EQ(written, hit ? kFalse : kTrue);
-    EXPECT_EQ(dialogs.messages, std::vector<std::string>(hit ? 1 : 0, kWriteMessage));
-    EXPECT_EQ(folder_.Get("para") == "old", hit);
-    EXPECT_EQ(folder_.Names(), std::vector<std::string>{"para"});
-  }
-}
-
-TEST_F(FileParaTest, KilledWriterLeavesTheOldFileOrTheNewOne) {
-  Fill(SamplePara());
-  ExpectOldOrNewAtEveryKill(
-      [&](FileContext& context, const std::string& path) {
-        return ParaFileWrite(context, path, *workspace_);
-      },
-      "old", ParaText(SamplePara(), 0));
-}
-
 TEST_F(FileParaTest, ColoursComeBackAsTheyAreEvenAllBlack) {
   ParaBlock black = SamplePara();
   black.ColorTbl.fill(0);
@@ -317,21 +291,6 @@ TEST_F(IniFileTest, UnreadableFileIsToldAndGivesTheDefaults) {
     EXPECT_EQ(workspace_->Settings, defaults_);
   }
   EXPECT_EQ(workspace_->Settings, (AnalysisSettings{0.25, 2, 3, 4}));
-}
-
-TEST_F(IniFileTest, FailedWriteIsIgnoredAndLeavesTheOldFile) {
-  bool hit = true;
-  for (int n = 1; hit; ++n) {
-    folder_.Put("ini", "old");
-    FailingFileLayer failing(system_, n);
-    YesDialogs dialogs;
-    FileContext context{failing, dialogs, last_data_type_};
-    IniFileWrite(context, folder_.Path("ini"), *workspace_);
-    hit = failing.Hit();
-    EXPECT_TRUE(dialogs.messages.empty());
-    EXPECT_EQ(folder_.Get("ini") == "old", hit);
-    EXPECT_EQ(folder_.Names(), std::vector<std::string>{"ini"});
-  }
 }
 
 }  // namespace

@@ -6,6 +6,28 @@
 
 namespace dorvane {
 
+// Every real number of MeasProp but the calibration.
+constexpr double MeasProp::*kMeasReals[] = {&MeasProp::TwoTheta,     &MeasProp::Volt,
+                                            &MeasProp::Current,      &MeasProp::Press,
+                                            &MeasProp::Temp,         &MeasProp::MiriVolt,
+                                            &MeasProp::CntRate,      &MeasProp::RealTime,
+                                            &MeasProp::LiveTime,     &MeasProp::PressX,
+                                            &MeasProp::PressY,       &MeasProp::PressZ,
+                                            &MeasProp::PressTZ,      &MeasProp::HGonioX,
+                                            &MeasProp::HGonioY,      &MeasProp::HGonioZ,
+                                            &MeasProp::HGonioRes,    &MeasProp::VGonioX,
+                                            &MeasProp::VGonioY,      &MeasProp::VGonioZ,
+                                            &MeasProp::VGonioDAngle, &MeasProp::Load,
+                                            &MeasProp::RamStroke,    &MeasProp::Power,
+                                            &MeasProp::Registance,   &MeasProp::NpdVal1,
+                                            &MeasProp::NpdVal2,      &MeasProp::InV,
+                                            &MeasProp::InH,          &MeasProp::InX,
+                                            &MeasProp::InZ,          &MeasProp::InTY,
+                                            &MeasProp::ReV,          &MeasProp::ReH,
+                                            &MeasProp::ReX,          &MeasProp::ReZ,
+                                            &MeasProp::ReTY,         &MeasProp::CollimeterSize,
+                                            &MeasProp::Current2};
+
 inline MeasProp SampleProp() {
   MeasProp prop;
   prop.PropHead = 1;
@@ -14,26 +36,7 @@ inline MeasProp SampleProp() {
   prop.EGC[1] = 0.0647732;
   prop.EGC[2] = 3.87721e-8;
   double value = 1.25;
-  for (double MeasProp::*field : {&MeasProp::TwoTheta,     &MeasProp::Volt,
-                                  &MeasProp::Current,      &MeasProp::Press,
-                                  &MeasProp::Temp,         &MeasProp::MiriVolt,
-                                  &MeasProp::CntRate,      &MeasProp::RealTime,
-                                  &MeasProp::LiveTime,     &MeasProp::PressX,
-                                  &MeasProp::PressY,       &MeasProp::PressZ,
-                                  &MeasProp::PressTZ,      &MeasProp::HGonioX,
-                                  &MeasProp::HGonioY,      &MeasProp::HGonioZ,
-                                  &MeasProp::HGonioRes,    &MeasProp::VGonioX,
-                                  &MeasProp::VGonioY,      &MeasProp::VGonioZ,
-                                  &MeasProp::VGonioDAngle, &MeasProp::Load,
-                                  &MeasProp::RamStroke,    &MeasProp::Power,
-                                  &MeasProp::Registance,   &MeasProp::NpdVal1,
-                                  &MeasProp::NpdVal2,      &MeasProp::InV,
-                                  &MeasProp::InH,          &MeasProp::InX,
-                                  &MeasProp::InZ,          &MeasProp::InTY,
-                                  &MeasProp::ReV,          &MeasProp::ReH,
-                                  &MeasProp::ReX,          &MeasProp::ReZ,
-                                  &MeasProp::ReTY,         &MeasProp::CollimeterSize,
-                                  &MeasProp::Current2}) {
+  for (const auto field : kMeasReals) {
     prop.*field = value;
     value += 1;
   }

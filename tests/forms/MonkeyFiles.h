@@ -48,6 +48,7 @@ class UnsureFiles : public FileLayer {
   bool Failed() const { return layer_->Hit(); }
 
   std::optional<FileInfo> Info(const std::string& path) override { return layer_->Info(path); }
+  std::string LinkTarget(const std::string& path) override { return layer_->LinkTarget(path); }
   int OpenForReading(const std::string& path) override { return layer_->OpenForReading(path); }
   int Create(const std::string& path, unsigned rights) override {
     return layer_->Create(path, rights);

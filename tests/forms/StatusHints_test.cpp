@@ -70,8 +70,9 @@ TEST_F(StatusHints, ReadsOfGoodFilesAloneSayNothing) {
 }
 
 TEST_F(StatusHints, FilesThatWereNotReadAreNamed) {
-  EXPECT_EQ(NotReadText({"/data/b.txt", "/data/c"}),
-            "Not read: b.txt, c. Spectra end in .npd, .xbm, .xba or in a number");
+  EXPECT_EQ(
+      NotReadText({"/data/b.txt", "/data/c"}),
+      "Not read: b.txt, c. Spectra end in .npd, .cnf, .rpt, .chn, .xbm, .xba, .raw or a number");
 }
 
 TEST_F(StatusHints, BrokenSpectrumNeedsNoWordOnItsName) {

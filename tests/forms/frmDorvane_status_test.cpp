@@ -27,7 +27,9 @@ TEST_F(StatusLineTest, AMessageSaysWhatToDoUntilTheNextCommand) {
 TEST_F(StatusLineTest, UnreadFilesAreNamed) {
   folder.Put("notes.txt", "no spectrum");
   InACommand([this] { form.Drop({folder.Path("notes.txt")}); });
-  EXPECT_EQ(Hint(), "Not read: notes.txt. Spectra end in .npd, .xbm, .xba or in a number");
+  EXPECT_EQ(
+      Hint(),
+      "Not read: notes.txt. Spectra end in .npd, .cnf, .rpt, .chn, .xbm, .xba, .raw or a number");
 }
 
 TEST_F(StatusLineTest, FilesPastTheTenthAreNotReadWhichTheLineTells) {

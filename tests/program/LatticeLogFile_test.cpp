@@ -73,6 +73,14 @@ TEST_F(LatticeLogFileTest, OpeningFollowsALink) {
   EXPECT_EQ(folder.Get("elsewhere.csv"), kSeedLine);
 }
 
+TEST_F(LatticeLogFileTest, OpeningFollowsALinkToAFileThatIsNotThereYet) {
+  std::filesystem::create_symlink("elsewhere.csv", folder.Path("crystalfit.csv"));
+  LatticeLogFile log = MakeLog(files);
+  EXPECT_EQ(log.OpenLatticeLog(0), 0);
+  log.Put(LogSeedInput());
+  EXPECT_EQ(folder.Get("elsewhere.csv"), kSeedLine);
+}
+
 TEST_F(LatticeLogFileTest, RecordsAreInTheFileAsSoonAsTheyArePut) {
   LatticeLogFile log = MakeLog(files);
   log.OpenLatticeLog(0);
@@ -102,7 +110,8 @@ TEST_F(LatticeLogFileTest, ALogThatIsDroppedKeepsWhatWasPut) {
 }
 
 TEST_F(LatticeLogFileTest, AProgramThatDiesLeavesWhatWasPut) {
-  FailingFileLayer dying(files, 4, FailingFileLayer::Mode::Killing);  // info, create, write, write
+  // info, link, create, write, write
+  FailingFileLayer dying(files, 5, FailingFileLayer::Mode::Killing);
   LatticeLogFile log = MakeLog(dying);
   log.OpenLatticeLog(0);
   log.Put(LogStart(spectrum));
@@ -119,7 +128,7 @@ TEST_F(LatticeLogFileTest, ALogThatCannotBeOpenedIsToldAndSetsLogFailed) {
 }
 
 TEST_F(LatticeLogFileTest, EveryFailureOfOpeningIsTold) {
-  for (const int call : {1, 2}) {  // info, create
+  for (const int call : {1, 2, 3}) {  // info, link, create
     FailingFileLayer failing(files, call);
     LatticeLogFile log = MakeLog(failing);
     dialogs.ExpectMessage(kLogFailure);
@@ -140,7 +149,8 @@ TEST_F(LatticeLogFileTest, AfterAFailedOpeningNothingIsWritten) {
 }
 
 TEST_F(LatticeLogFileTest, AWriteThatFailsIsToldOnce) {
-  FailingFileLayer failing(files, 3, FailingFileLayer::Mode::FailingOn);  // info, create, write
+  // info, link, create, write
+  FailingFileLayer failing(files, 4, FailingFileLayer::Mode::FailingOn);
   LatticeLogFile log = MakeLog(failing);
   log.OpenLatticeLog(0);
   dialogs.ExpectMessage(kLogFailure);
@@ -151,6 +161,7 @@ TEST_F(LatticeLogFileTest, AWriteThatFailsIsToldOnce) {
 }
 
 TEST_F(LatticeLogFileTest, AnEndThatFailsIsTold) {
+  folder.Put("crystalfit.csv", "old");
   for (const int call : {3, 4, 5}) {  // info, create, write, flush, close
     FailingFileLayer failing(files, call);
     LatticeLogFile log = MakeLog(failing);

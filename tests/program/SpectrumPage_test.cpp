@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "display/RecordingSurface.h"
 #include "program/LineMarks.h"
@@ -225,6 +226,15 @@ TEST_F(SpectrumPageTest, CountsWithoutBoundDoNotBreakThePage) {
   content.labels = {{1, "1 0 0"}};
   Draw();
   EXPECT_EQ(TextsOf(0).size(), 3u);
+}
+
+TEST_F(SpectrumPageTest, WhatIsNoNumberIsNotDrawn) {
+  AddFittedPeak();
+  workspace.Peaks[content.data_no].Peaks[0].BackConst = std::nan("");
+  content.labels = {{std::nan(""), "nowhere"}};
+  Draw();
+  EXPECT_TRUE(FitStrokes().empty());
+  EXPECT_THAT(TextsOf(1), Not(Contains("nowhere")));
 }
 
 }  // namespace

@@ -279,7 +279,9 @@ TEST_F(MainWindowTest, HintGoesWithTheNextCommand) {
 TEST_F(MainWindowTest, UnreadFilesAreNamedInTheStatusLine) {
   folder.Put("notes.txt", "no spectrum");
   session->main.Drop({kCorundum, folder.Path("notes.txt")});
-  EXPECT_EQ(StatusHint(), "Not read: notes.txt. Spectra end in .npd, .xbm, .xba or in a number");
+  EXPECT_EQ(
+      StatusHint(),
+      "Not read: notes.txt. Spectra end in .npd, .cnf, .rpt, .chn, .xbm, .xba, .raw or a number");
 }
 
 TEST_F(MainWindowTest, FaultBecomesABoxAndTheProgramGoesOn) {

@@ -22,10 +22,16 @@ class FailingFileLayer : public FileLayer {
 
   int Calls() const { return calls_; }
   bool Hit() const { return hit_at_ > 0 && calls_ >= hit_at_; }
+  // Whether a file had been created before the hit.
+  bool Created() const { return created_; }
 
   std::optional<FileInfo> Info(const std::string& path) override {
     Count();
     return under_.Info(path);
+  }
+  std::string LinkTarget(const std::string& path) override {
+    Count();
+    return under_.LinkTarget(path);
   }
   int OpenForReading(const std::string& path) override {
     Count();
@@ -33,6 +39,7 @@ class FailingFileLayer : public FileLayer {
   }
   int Create(const std::string& path, unsigned permissions) override {
     Count();
+    created_ = true;
     return under_.Create(path, permissions);
   }
   std::size_t Read(int file, std::span<std::byte> out) override {
@@ -79,6 +86,7 @@ class FailingFileLayer : public FileLayer {
   int hit_at_;
   Mode mode_;
   int calls_ = 0;
+  bool created_ = false;
   bool dead_ = false;
 };
 

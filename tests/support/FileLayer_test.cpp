@@ -103,6 +103,24 @@ TEST_F(FileLayerTest, ReplaceFollowsALink) {
   EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path("link")));
 }
 
+TEST_F(FileLayerTest, ReplaceFollowsLinksToAFileThatIsNotThereYet) {
+  std::filesystem::create_directory(folder_.Path("sub"));
+  std::filesystem::create_symlink("sub/second", folder_.Path("first"));
+  std::filesystem::create_symlink(folder_.Path("target"), folder_.Path("sub/second"));
+  Replace("first", "new");
+  EXPECT_EQ(folder_.Get("target"), "new");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path("first")));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path("sub/second")));
+}
+
+TEST_F(FileLayerTest, LinksInACircleFail) {
+  std::filesystem::create_symlink("b", folder_.Path("a"));
+  std::filesystem::create_symlink("a", folder_.Path("b"));
+  EXPECT_EQ(FaultOf([&] { Replace("a", "x"); }), FaultCode::FileFailed);
+  EXPECT_EQ(FaultOf([&] { system_.LinkTarget(folder_.Path("a")); }), FaultCode::FileFailed);
+  EXPECT_EQ(FaultOf([&] { ReadFile(system_, folder_.Path("a")); }), FaultCode::FileFailed);
+}
+
 TEST_F(FileLayerTest, AFileThatMayNotBeWrittenIsNotReplaced) {
   folder_.Put("a", "old");
   AwkwardFileLayer awkward;
@@ -115,6 +133,16 @@ TEST_F(FileLayerTest, TheLongestNamesCanBeSaved) {
   const std::string name(255, 'n');
   Replace(name, "x");
   EXPECT_EQ(folder_.Names(), std::vector<std::string>{name});
+}
+
+TEST_F(FileLayerTest, LongNamesThatBeginAlikeAreSavedAtOnce) {
+  const std::string head(250, 'n');
+  FileReplacement first(system_, folder_.Path(head + "1"));
+  FileReplacement second(system_, folder_.Path(head + "2"));
+  first.Commit(AsBytes("first"));
+  second.Commit(AsBytes("second"));
+  EXPECT_EQ(folder_.Get(head + "1"), "first");
+  EXPECT_EQ(folder_.Get(head + "2"), "second");
 }
 
 TEST_F(FileLayerTest, ReplaceInAMissingFolderIsFileNotFound) {
