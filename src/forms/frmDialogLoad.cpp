@@ -96,7 +96,8 @@ void frmDialogLoad::Directory(const std::string& path) {
 }
 
 void frmDialogLoad::drive(const std::string& name) {
-  drvDrive.SetIndex(IndexOf(drvDrive.Items(), name));
+  const int index = IndexOf(drvDrive.Items(), name);
+  if (index >= 0) drvDrive.SetIndex(index);
 }
 
 void frmDialogLoad::mask(std::string mask) {
@@ -138,10 +139,15 @@ bool frmDialogLoad::Open() {
 // Shows a folder; false, and nothing changes, where it can't be read.
 bool frmDialogLoad::Enter(const std::string& path) {
   try {
-    content_ = folders_.List(path);
+    ShowFolder(folders_.List(path));
   } catch (const Fault&) {
     return false;
   }
+  return true;
+}
+
+void frmDialogLoad::ShowFolder(FolderContent content) {
+  content_ = std::move(content);
   directory_ = WithSeparator(content_.path);
   lblDirectory.SetCaption(directory_);
   std::vector<std::string> folders = content_.folders;
@@ -150,7 +156,6 @@ bool frmDialogLoad::Enter(const std::string& path) {
   dirDirectory.SetItems(std::move(folders));
   ShowDrive();
   ShowFiles();
-  return true;
 }
 
 void frmDialogLoad::ShowFiles() {
@@ -179,8 +184,11 @@ void frmDialogLoad::drvDrive_Click() {
 
 void frmDialogLoad::dirDirectory_DblClick() {
   if (dirDirectory.Index() < 0) return;
-  const std::string path = directory_ + dirDirectory.Text();
-  if (!Enter(path)) program_.ports.dialogs.Message(FaultText(FaultCode::FileFailed));
+  try {
+    ShowFolder(folders_.List(directory_ + dirDirectory.Text()));
+  } catch (const Fault& fault) {
+    program_.ports.dialogs.Message(fault.what());
+  }
 }
 
 void frmDialogLoad::filFiles_Click() {

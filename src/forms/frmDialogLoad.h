@@ -66,6 +66,7 @@ class frmDialogLoad : public Form {
   void cmbExtName_Click();
   void txtSelFile_Change();
   void cmdMkDir_Click();
+  // Tells the size of the file.
   void cmdDetails_Click();
   // Takes the name. A name that is a folder is gone into, and the dialog stays; a name with a
   // folder of its own is not looked for in the folder shown.
@@ -91,6 +92,7 @@ class frmDialogLoad : public Form {
 
  private:
   bool Enter(const std::string& path);
+  void ShowFolder(FolderContent content);
   void ShowFiles();
   void ShowDrive();
   bool IsSelection() const { return !selected_.empty() && txtSelFile.Text() == selection_; }

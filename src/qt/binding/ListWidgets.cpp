@@ -39,6 +39,35 @@ void FollowOptions(const OptionGroup& control, QButtonGroup* group) {
   group->setExclusive(true);
 }
 
+std::vector<int> SelectedRows(const QListWidget* list) {
+  std::vector<int> rows;
+  for (const QModelIndex& index : list->selectionModel()->selectedRows()) {
+    rows.push_back(index.row());
+  }
+  return rows;
+}
+
+void FollowList(const ListBox& control, QListWidget* list) {
+  const QSignalBlocker quiet(list);
+  list->setSelectionMode(control.Several() ? QListWidget::ExtendedSelection
+                                           : QListWidget::SingleSelection);
+  const QStringList items = Texts(control.Items());
+  QStringList shown;
+  for (int i = 0; i < list->count(); ++i) shown << list->item(i)->text();
+  if (shown != items) {
+    list->clear();
+    list->addItems(items);
+  }
+  if (!control.Several()) {
+    if (list->currentRow() != control.Index()) list->setCurrentRow(control.Index());
+    return;
+  }
+  const std::vector<int> selected = control.Selected();
+  for (int i = 0; i < list->count(); ++i) {
+    list->item(i)->setSelected(std::binary_search(selected.begin(), selected.end(), i));
+  }
+}
+
 }  // namespace
 
 QWidget* MakeOptionWidget(OptionGroup& control, QWidget* parent) {
@@ -87,20 +116,13 @@ QWidget* MakeComboWidget(ComboBox& control, QWidget* parent) {
 QWidget* MakeListWidget(ListBox& control, QWidget* parent) {
   auto* list = new QListWidget(parent);
   list->setUniformItemSizes(true);
-  const auto follow = [&control, list] {
-    const QSignalBlocker quiet(list);
-    const QStringList items = Texts(control.Items());
-    QStringList shown;
-    for (int i = 0; i < list->count(); ++i) shown << list->item(i)->text();
-    if (shown != items) {
-      list->clear();
-      list->addItems(items);
-    }
-    if (list->currentRow() != control.Index()) list->setCurrentRow(control.Index());
-  };
-  Mirror(control, list, follow);
-  QObject::connect(list, &QListWidget::currentRowChanged, list,
-                   [&control](int row) { control.SetIndex(row); });
+  Mirror(control, list, [&control, list] { FollowList(control, list); });
+  QObject::connect(list, &QListWidget::currentRowChanged, list, [&control](int row) {
+    if (!control.Several()) control.SetIndex(row);
+  });
+  QObject::connect(list, &QListWidget::itemSelectionChanged, list, [&control, list] {
+    if (control.Several()) control.SetSelected(SelectedRows(list));
+  });
   QObject::connect(list, &QListWidget::itemDoubleClicked, list,
                    [&control] { control.DoubleClick(); });
   for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {

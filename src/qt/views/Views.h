@@ -6,6 +6,8 @@
 namespace dorvane {
 
 class frmAtom;
+class frmCalibCurv;
+class frmDialogLoad;
 class frmDialogMessage;
 class frmDorvane;
 class frmElement;
@@ -20,6 +22,8 @@ class frmRoiReport;
 class frmSelGraph;
 
 void LayOut(frmAtom& form, FormWindow& window);
+void LayOut(frmCalibCurv& form, FormWindow& window);
+void LayOut(frmDialogLoad& form, FormWindow& window);
 void LayOut(frmDialogMessage& form, FormWindow& window);
 // The main form: tool bars, the two graph windows, the read-outs below them, and a status line with
 // a hidden progress bar of this name.
