@@ -28,6 +28,7 @@ constexpr double kLeastSpan = 0.01;     // of an axis, in its unit
 constexpr double kLeastStep = 0.001;    // that the finest picture shows
 constexpr double kTickWidth = 80;       // pixels that a tick of the channel axis wants
 constexpr double kTickHeight = 40;      // pixels that a tick of the other axes wants
+constexpr int kDivisionsAbove = 2;      // of the residuals' axis, above its zero line
 constexpr int kMostTicks = 50;
 constexpr double kEvPerKev = 1000;
 constexpr double kJustBelow = 1 - 1e-9;  // guards whole powers of ten against their last bit
@@ -171,10 +172,11 @@ class Plot {
     }
     energies_ = RangeOf(energies, kRoom);
     residuals_ = RangeOf(residuals, kRoom);
+    if (!std::isfinite(residuals_.high)) return false;
     if (!Divide(energies_, curve_panel_.Height(), kTickHeight, kLeastStep)) return false;
     energies_.picture = TickPicture(energies_.step);
     if (points_.empty()) return true;
-    if (!Divide(residuals_, residual_panel_.Height(), kTickHeight, kLeastStep)) return false;
+    residuals_.step = std::max(RoundStep(residuals_.high, kDivisionsAbove), kLeastStep);
     residuals_.picture = TickPicture(residuals_.step);
     return true;
   }
@@ -214,9 +216,12 @@ class Plot {
     for (const double tick : Ticks(channels_)) {
       Line({X(tick), panel.top}, {X(tick), panel.bottom}, colors_.grid);
     }
+    double free_above = height_;
     for (const double tick : Ticks(range)) {
       const double y = Y(panel, range, tick);
       Line({panel.left, y}, {panel.right, y}, colors_.grid);
+      if (y + surface_.TextHeight() / 2 > free_above) continue;
+      free_above = y - surface_.TextHeight() / 2;
       const std::string text = Picture(tick, range.picture);
       surface_.Text({panel.left - kGap - surface_.TextWidth(text), y - surface_.TextHeight() / 2},
                     text, colors_.axis);

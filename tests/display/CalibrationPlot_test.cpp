@@ -11,6 +11,7 @@
 namespace dorvane {
 namespace {
 
+using testing::AllOf;
 using testing::Contains;
 using testing::IsEmpty;
 using testing::Not;
@@ -74,7 +75,16 @@ class CalibrationPlotTest : public testing::Test {
     return 0;
   }
 
-  RecordingSurface surface;
+  // Of any size.
+  class SizedSurface : public RecordingSurface {
+   public:
+    double width = kWidth;
+    double height = kHeight;
+    Point PixelSize() const override {
+      return {std::abs(right - left) / width, std::abs(bottom - top) / height};
+    }
+  };
+  SizedSurface surface;
   std::vector<Point> points;
   CalibrationCurve curve;
 };
@@ -145,13 +155,34 @@ TEST_F(CalibrationPlotTest, ResidualsStandBelowTheCurveInTheSamePlacesAcross) {
   EXPECT_NEAR(marks[4].y - marks[5].y, 2 * (marks[5].y - marks[3].y), 1e-6);
 }
 
-// Residuals of +-20 eV with a twentieth of 40 more at each end: 44 eV.
+// Residuals of 20 eV and a twentieth of 40 more, 22 eV, in halves, rounded up: 20.
 TEST_F(CalibrationPlotTest, AxesAreLabelledAtRoundSteps) {
   points = {{100, 4.01}, {500, 15.98}};
   Draw();
   for (const char* label : {"0", "100", "200", "1000", "20", "-20"}) {
     EXPECT_THAT(Labels(), Contains(label));
   }
+}
+
+// On 40 pixels for the residuals the label of the zero line has no room between the others.
+TEST_F(CalibrationPlotTest, LabelWithoutRoomIsLeftOutAndItsTickIsDrawn) {
+  points = {{100, 4.01}, {500, 15.98}};
+  surface.height = 260;
+  Draw();
+  EXPECT_THAT(Labels(), AllOf(Contains("20"), Contains("-20")));
+}
+
+TEST_F(CalibrationPlotTest, SurfaceWithoutRoomStaysEmpty) {
+  points = {{100, 4.01}};
+  for (const double height : {1.0, 40.0, 100.0}) {
+    surface.height = height;
+    Draw();
+    EXPECT_EQ(surface.strokes.size(), 1u) << height;
+  }
+  surface.height = 600;
+  surface.width = 60;
+  Draw();
+  EXPECT_EQ(surface.strokes.size(), 1u);
 }
 
 TEST(TickPicture, FollowsTheSizeOfTheStep) {
