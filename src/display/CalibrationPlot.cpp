@@ -18,6 +18,7 @@ constexpr const char* kResidualAxis = "eV";
 constexpr double kTitlePoints = 11;
 constexpr double kFontPoints = 9;
 constexpr double kGap = 6;              // pixels around texts
+constexpr double kNameHeight = 1.5;     // of an axis's name, in lines above the axis
 constexpr double kHalfPoint = 3;        // pixels
 constexpr double kCurveLine = 1.5;      // pixels
 constexpr double kCurveStep = 2;        // pixels between two places of the curve
@@ -136,15 +137,16 @@ class Plot {
     curve_panel_.top = kGap + surface_.TextHeight() + kGap;
     surface_.SetFontSize(kFontPoints);
     const double line = surface_.TextHeight();
-    // The name of an axis stands above it.
-    curve_panel_.top += line + kGap;
+    // The name of an axis stands above it, out of the way of a label at its end.
+    const double between = 2 * line + kGap / 2;
+    curve_panel_.top += kNameHeight * line;
     if (!curve_.memo.empty()) curve_panel_.top += line;
     const double foot = height_ - 2 * line - 3 * kGap;
     const double residuals =
-        points_.empty() ? 0 : kResidualShare * (foot - curve_panel_.top - line - 2 * kGap);
+        points_.empty() ? 0 : kResidualShare * (foot - curve_panel_.top - between);
     residual_panel_.bottom = foot;
     residual_panel_.top = foot - residuals;
-    curve_panel_.bottom = points_.empty() ? foot : residual_panel_.top - line - 2 * kGap;
+    curve_panel_.bottom = points_.empty() ? foot : residual_panel_.top - between;
     if (curve_panel_.Height() < kLeastPanel) return false;
     if (!SetRanges()) return false;
     const double labels =
@@ -228,7 +230,7 @@ class Plot {
     }
     Line({panel.left, panel.top}, {panel.left, panel.bottom}, colors_.axis);
     Line({panel.left, panel.bottom}, {panel.right, panel.bottom}, colors_.axis);
-    surface_.Text({kGap, panel.top - surface_.TextHeight() - kGap}, name, colors_.axis);
+    surface_.Text({kGap, panel.top - kNameHeight * surface_.TextHeight()}, name, colors_.axis);
   }
 
   void DrawCurve() const {
