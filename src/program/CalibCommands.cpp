@@ -5,7 +5,6 @@
 #include "program/DerivedGraphs.h"
 #include "program/PeakFit.h"
 #include "program/View.h"
-#include "program/WindowStyle.h"
 
 namespace dorvane {
 namespace {
@@ -71,7 +70,6 @@ std::int16_t Calib_SmothBk(Program& program) {
 
 std::int16_t Calib_Auto(Program& program, std::int16_t mode,
                         const std::function<void()>& cmdCsrSet_Click) {
-  const bool expanded = program.view.ExpandOn != kFalse;
   {
     SelectRow(program, FindRow(program.workspace, kTitleBackRemv));
     const ExpansionActive window(program.view);
@@ -91,7 +89,6 @@ std::int16_t Calib_Auto(Program& program, std::int16_t mode,
     cmdCsrSet_Click();
     SelectRow(program, 1);
   }
-  ckbExpand_Click(program, expanded);
   ChangeActiveWin(program.List(), kExpansion);
   RefreshHeight(program);
   return kTrue;

@@ -93,6 +93,17 @@ TEST_F(CalibCommandsTest, AutoFitsThePeakOfTheAreaInTheRemovedCurveAndEntersIt) 
   EXPECT_EQ(Row(1).Title, "BackRemv");
 }
 
+TEST_F(CalibCommandsTest, AutoEntersThePeakOfTheAreaWhereverTheCursorStood) {
+  Show(TwoLines(), "ref.npd");
+  Calib_SmothBk(program);
+  MarkArea(580, 620);
+  Calib_Auto(program, 0, enter_);
+  CsrX_Change(program, 900);
+  MarkArea(280, 320);
+  Calib_Auto(program, 0, enter_);
+  EXPECT_NEAR(taken_, 300.25, 0.1);
+}
+
 TEST_F(CalibCommandsTest, AutoKeepsTheExpandModeThatWasOn) {
   Show(TwoLines(), "ref.npd");
   Calib_SmothBk(program);
