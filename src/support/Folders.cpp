@@ -113,7 +113,7 @@ bool MatchesMask(std::string_view name, std::string_view mask) {
   for (;;) {
     const auto end = rest.find(';');
     const std::string_view pattern = Trim(rest.substr(0, end));
-    if (!pattern.empty() && MatchesPattern(low_name, pattern)) return true;
+    if (MatchesPattern(low_name, pattern)) return true;
     if (end == std::string_view::npos) return false;
     rest.remove_prefix(end + 1);
   }
