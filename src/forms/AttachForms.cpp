@@ -59,6 +59,10 @@ void AttachCalibration(frmDorvane& main, frmDialogCalibC& calibration) {
   main.Attach("Calib", calibration, [&calibration] { calibration.Open(); });
 }
 
+void AttachArithmetic(frmDorvane& main, frmGrpCalc& arithmetic) {
+  main.Attach("CalcSpect", arithmetic, [&arithmetic] { arithmetic.Open(); });
+}
+
 void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice) {
   main.Attach("hkl", lattice, [&program, &lattice] { lattice.Open(program.view.GraphNo); });
 }

@@ -6,6 +6,7 @@
 #include "forms/frmDialogCalibC.h"
 #include "forms/frmDialogLoad.h"
 #include "forms/frmDorvane.h"
+#include "forms/frmGrpCalc.h"
 #include "forms/frmInputFitParameter.h"
 #include "forms/frmKeys.h"
 #include "forms/frmLog.h"
@@ -36,6 +37,9 @@ CalibWindows CalibWindowsOf(Program& program, frmDialogLoad& load, frmManualFit&
                             frmAtom& atom, frmCalibCurv& curve);
 // "Calib" opens the calibration dialog.
 void AttachCalibration(frmDorvane& main, frmDialogCalibC& calibration);
+
+// "CalcSpect" opens the dialog of graph arithmetic.
+void AttachArithmetic(frmDorvane& main, frmGrpCalc& arithmetic);
 
 // "hkl" opens the lattice form for the current graph of `program`.
 void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice);

@@ -137,6 +137,9 @@ class ListControl : public Control {
   int Index() const { return index_; }
   virtual void SetIndex(int index);  // -1: nothing is selected; beyond the items it is ignored
   std::string Text() const;          // of the selected item, else empty
+  // One for each item; empty while no item has one.
+  const std::vector<std::string>& ItemTips() const { return item_tips_; }
+  void SetItemTips(std::vector<std::string> tips) { Store(item_tips_, std::move(tips)); }
   Event<> Click;
 
  protected:
@@ -145,6 +148,7 @@ class ListControl : public Control {
 
  private:
   std::vector<std::string> items_;
+  std::vector<std::string> item_tips_;
   int index_ = -1;
 };
 

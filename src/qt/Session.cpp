@@ -47,6 +47,7 @@ Session::Session(const Places& places, SettingsStore& settings)
       manual_fit(program, host),
       fit_input(program, host),
       atom(program, host, element_table, settings, line_marks),
+      arithmetic(program, host),
       lattice(program, host, settings, line_marks),
       result_directory(program, host, settings),
       form_views(host, IconOf),
@@ -61,6 +62,7 @@ Session::Session(const Places& places, SettingsStore& settings)
   AttachForms(main, graph_select, roi_report, log, keys);
   AttachFitForms(main, program, manual_fit, fit_input);
   AttachAtom(main, program, atom);
+  AttachArithmetic(main, arithmetic);
   AttachLattice(main, program, lattice);
   AttachResultDirectory(main, result_directory);
   AddViews();
@@ -90,6 +92,7 @@ void Session::AddViews() {
   add(fit_input);
   add(atom);
   add(atom.element);
+  add(arithmetic);
   add(lattice);
   add(result_directory);
 }

@@ -9,6 +9,7 @@
 #include "forms/AttachForms.h"
 #include "forms/frmAtom.h"
 #include "forms/frmDorvane.h"
+#include "forms/frmGrpCalc.h"
 #include "forms/frmInputFitParameter.h"
 #include "forms/frmKeys.h"
 #include "forms/frmLog.h"
@@ -66,6 +67,7 @@ class Session : public QObject {
   frmManualFit manual_fit;
   frmInputFitParameter fit_input;
   frmAtom atom;
+  frmGrpCalc arithmetic;
   frmPeakCal lattice;
   frmResultDirectory result_directory;
   FormViews form_views;  // goes first: the windows are above the forms

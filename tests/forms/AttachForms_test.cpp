@@ -20,6 +20,7 @@ class AttachFormsTest : public MainFormTest {
   FakeElementStore store;
   LineMarks line_marks{program};
   frmAtom atom{program, host, store, settings, line_marks};
+  frmGrpCalc arithmetic{program, host};
   frmPeakCal lattice{program, host, settings, line_marks};
   SystemFolders folders;
   FakePrinter printer;
@@ -97,6 +98,33 @@ TEST_F(AttachFormsTest, TheSettingsOpenTheResultDirectory) {
   host.ExpectModal([](Form& opened) { opened.Hide(); });
   Menu("mnuResultDirectory").Choose();
   EXPECT_THAT(host.Shown(), testing::ElementsAre("frmResultDirectory"));
+}
+
+TEST_F(AttachFormsTest, CalcSpectOpensTheGraphArithmeticFromBothToolBarsAndTheMenu) {
+  EXPECT_FALSE(Menu("mnuCalcSpect").Enabled());
+  AttachArithmetic(form, arithmetic);
+  EXPECT_TRUE(Menu("mnuCalcSpect").Enabled());
+  for (int i = 0; i < 3; ++i) host.ExpectModal([](Form& opened) { opened.Hide(); });
+  form.tool_bars.tlbrCalc.Press("CalcSpect");
+  form.tool_bars.tlbrOperation.Press("CalcSpect");
+  Menu("mnuCalcSpect").Choose();
+  EXPECT_THAT(host.Shown(), testing::ElementsAre("frmGrpCalc", "frmGrpCalc", "frmGrpCalc"));
+}
+
+// The spectrum has 5 counts in each channel.
+TEST_F(AttachFormsTest, TheResultOfTheGraphArithmeticIsReadAtTheCursor) {
+  AttachArithmetic(form, arithmetic);
+  ShowSpectrum();
+  TypeCursor("100");
+  EXPECT_EQ(form.cursor.inumCursorCnt[0].Text(), "5");
+  host.ExpectModal([this](Form&) {
+    arithmetic.cmbOpe2.SetIndex(kNoSecondTerm);
+    arithmetic.ImNumber1.Type("2");
+    arithmetic.cmdCalc.Press();
+    arithmetic.cmdCancel.Press();
+  });
+  Menu("mnuCalcSpect").Choose();
+  EXPECT_EQ(form.cursor.inumCursorCnt[0].Text(), "7");
 }
 
 TEST_F(AttachFormsTest, HklOpensTheLatticeFormForTheCurrentGraph) {

@@ -114,6 +114,10 @@ QWidget* MakeComboWidget(ComboBox& control, QWidget* parent) {
       combo->clear();
       combo->addItems(items);
     }
+    const QStringList tips = Texts(control.ItemTips());
+    for (int i = 0; i < combo->count(); ++i) {
+      combo->setItemData(i, tips.value(i), Qt::ToolTipRole);
+    }
     combo->setCurrentIndex(control.Index());
   };
   Mirror(control, combo, follow);
