@@ -50,6 +50,10 @@ Session::Session(const Places& places, SettingsStore& settings)
       arithmetic(program, host),
       lattice(program, host, settings, line_marks),
       result_directory(program, host, settings),
+      load(program, host, folders),
+      calibration_curve(program, host, printer),
+      calibration(program, host,
+                  CalibWindowsOf(program, load, manual_fit, atom, calibration_curve)),
       form_views(host, IconOf),
       places_(places),
       settings_(settings) {
@@ -59,12 +63,14 @@ Session::Session(const Places& places, SettingsStore& settings)
   views.Add(graph_select);
   views.Add(roi_report);
   views.Add(atom);
+  views.Add(calibration);
   AttachForms(main, graph_select, roi_report, log, keys);
   AttachFitForms(main, program, manual_fit, fit_input);
   AttachAtom(main, program, atom);
   AttachArithmetic(main, arithmetic);
   AttachLattice(main, program, lattice);
   AttachResultDirectory(main, result_directory);
+  AttachCalibration(main, calibration);
   AddViews();
   FormWindow* window = form_views.WindowOf(main);
   dialogs.SetParent(window);
@@ -95,6 +101,10 @@ void Session::AddViews() {
   add(arithmetic);
   add(lattice);
   add(result_directory);
+  add(load);
+  add(load.new_path);
+  add(calibration_curve);
+  add(calibration);
 }
 
 void Session::ConnectStatus() {

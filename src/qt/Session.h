@@ -8,6 +8,9 @@
 #include "elements/ElementDb.h"
 #include "forms/AttachForms.h"
 #include "forms/frmAtom.h"
+#include "forms/frmCalibCurv.h"
+#include "forms/frmDialogCalibC.h"
+#include "forms/frmDialogLoad.h"
 #include "forms/frmDorvane.h"
 #include "forms/frmGrpCalc.h"
 #include "forms/frmInputFitParameter.h"
@@ -23,6 +26,7 @@
 #include "qt/DesktopLauncher.h"
 #include "qt/Hourglass.h"
 #include "qt/QtDialogs.h"
+#include "qt/QtPrinter.h"
 #include "qt/StatusProgress.h"
 #include "qt/binding/QtFormHost.h"
 #include "workspace/ListenerFan.h"
@@ -70,6 +74,11 @@ class Session : public QObject {
   frmGrpCalc arithmetic;
   frmPeakCal lattice;
   frmResultDirectory result_directory;
+  SystemFolders folders;
+  QtPrinter printer;
+  frmDialogLoad load;
+  frmCalibCurv calibration_curve;
+  frmDialogCalibC calibration;
   FormViews form_views;  // goes first: the windows are above the forms
 
  signals:

@@ -7,6 +7,7 @@ namespace dorvane {
 
 class frmAtom;
 class frmCalibCurv;
+class frmDialogCalibC;
 class frmDialogLoad;
 class frmDialogMessage;
 class frmDorvane;
@@ -24,6 +25,7 @@ class frmSelGraph;
 
 void LayOut(frmAtom& form, FormWindow& window);
 void LayOut(frmCalibCurv& form, FormWindow& window);
+void LayOut(frmDialogCalibC& form, FormWindow& window);
 void LayOut(frmDialogLoad& form, FormWindow& window);
 void LayOut(frmDialogMessage& form, FormWindow& window);
 // The main form: tool bars, the two graph windows, the read-outs below them, and a status line with
