@@ -8,9 +8,6 @@
 namespace dorvane {
 namespace {
 
-testing::Environment* const kApplication =
-    testing::AddGlobalTestEnvironment(new BindingApplication);
-
 class GrpCalcView : public ProgramTest {
  protected:
   FormWindow& Open() {
