@@ -63,6 +63,10 @@ void AttachArithmetic(frmDorvane& main, frmGrpCalc& arithmetic) {
   main.Attach("CalcSpect", arithmetic, [&arithmetic] { arithmetic.Open(); });
 }
 
+void AttachPeakReport(frmDorvane& main, frmPeakReport& report) {
+  main.Attach("Report", report, [&report] { report.Open(0); });
+}
+
 void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice) {
   main.Attach("hkl", lattice, [&program, &lattice] { lattice.Open(program.view.GraphNo); });
 }

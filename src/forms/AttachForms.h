@@ -12,6 +12,7 @@
 #include "forms/frmLog.h"
 #include "forms/frmManualFit.h"
 #include "forms/frmPeakCal.h"
+#include "forms/frmPeakReport.h"
 #include "forms/frmResultDirectory.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
@@ -40,6 +41,9 @@ void AttachCalibration(frmDorvane& main, frmDialogCalibC& calibration);
 
 // "CalcSpect" opens the dialog of graph arithmetic.
 void AttachArithmetic(frmDorvane& main, frmGrpCalc& arithmetic);
+
+// "Report" opens the peak report for the current graph.
+void AttachPeakReport(frmDorvane& main, frmPeakReport& report);
 
 // "hkl" opens the lattice form for the current graph of `program`.
 void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice);

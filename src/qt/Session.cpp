@@ -49,6 +49,7 @@ Session::Session(const Places& places, SettingsStore& settings)
       atom(program, host, element_table, settings, line_marks),
       arithmetic(program, host),
       lattice(program, host, settings, line_marks),
+      peak_report(program, host),
       result_directory(program, host, settings),
       load(program, host, folders),
       calibration_curve(program, host, printer),
@@ -69,6 +70,7 @@ Session::Session(const Places& places, SettingsStore& settings)
   AttachAtom(main, program, atom);
   AttachArithmetic(main, arithmetic);
   AttachLattice(main, program, lattice);
+  AttachPeakReport(main, peak_report);
   AttachResultDirectory(main, result_directory);
   AttachCalibration(main, calibration);
   AddViews();
@@ -100,6 +102,7 @@ void Session::AddViews() {
   add(atom.element);
   add(arithmetic);
   add(lattice);
+  add(peak_report);
   add(result_directory);
   add(load);
   add(load.new_path);

@@ -18,6 +18,7 @@
 #include "forms/frmLog.h"
 #include "forms/frmManualFit.h"
 #include "forms/frmPeakCal.h"
+#include "forms/frmPeakReport.h"
 #include "forms/frmResultDirectory.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
@@ -73,6 +74,7 @@ class Session : public QObject {
   frmAtom atom;
   frmGrpCalc arithmetic;
   frmPeakCal lattice;
+  frmPeakReport peak_report;
   frmResultDirectory result_directory;
   SystemFolders folders;
   QtPrinter printer;

@@ -142,6 +142,28 @@ TEST_F(AttachFormsTest, HklOpensTheLatticeFormForTheCurrentGraph) {
   EXPECT_THAT(host.Shown(), testing::ElementsAre("frmPeakCal"));
 }
 
+TEST_F(AttachFormsTest, ReportOpensThePeakReportFromBothToolBarsAndTheMenu) {
+  frmPeakReport report(program, host);
+  EXPECT_FALSE(Menu("mnuPeakReport").Enabled());
+  AttachPeakReport(form, report);
+  ShowSpectrum("a.npd");
+  ShowSpectrum("b.npd");
+  const auto expect = [this, &report] {
+    host.ExpectModal([&report](Form& opened) {
+      EXPECT_EQ(report.GrpNo, 1);
+      opened.Hide();
+    });
+  };
+  expect();
+  form.tool_bars.tlbrOperation.Press("Report");
+  expect();
+  form.tool_bars.tlbrRoiPeak.Press("Report");
+  expect();
+  Menu("mnuPeakReport").Choose();
+  EXPECT_THAT(host.Shown(),
+              testing::ElementsAre("frmPeakReport", "frmPeakReport", "frmPeakReport"));
+}
+
 class AttachCalibrationTest : public AttachFormsTest {
  protected:
   AttachCalibrationTest() {
