@@ -21,7 +21,11 @@ QHBoxLayout* Term(FormWindow& window, ComboBox& graph, ComboBox& op, NumberBox& 
 
 void LayOut(frmGrpCalc& form, FormWindow& window) {
   QWidget* second = window.Of(form.fra2nd);
-  second->setLayout(Term(window, form.cmbGraph[1], form.cmbOpe3, form.ImNumber2));
+  QHBoxLayout* second_term = Term(window, form.cmbGraph[1], form.cmbOpe3, form.ImNumber2);
+  // Even margins, so that both terms stand on one line.
+  const QMargins edge = second->contentsMargins();
+  second_term->setContentsMargins(0, 0, 0, edge.top() - edge.bottom());
+  second->setLayout(second_term);
 
   auto* expression = new QHBoxLayout;
   expression->setSpacing(kGap);

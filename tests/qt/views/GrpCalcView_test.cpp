@@ -41,6 +41,16 @@ TEST_F(GrpCalcView, ItReadsAsTheExpression) {
   EXPECT_EQ(window.As<QLabel>(form.lblResult)->text(), "G1＝ ");
 }
 
+TEST_F(GrpCalcView, BothTermsStandOnOneLine) {
+  FormWindow& window = Open();
+  const auto middle = [&window](const Control& control) {
+    QWidget* widget = window.Of(control);
+    return widget->mapTo(&window, widget->rect().center()).y();
+  };
+  EXPECT_EQ(middle(form.cmbGraph[0]), middle(form.cmbGraph[1]));
+  EXPECT_EQ(middle(form.ImNumber1), middle(form.ImNumber2));
+}
+
 TEST_F(GrpCalcView, TabWalksTheExpressionToTheButtons) {
   FormWindow& window = Open();
   const Control* stops[] = {&form.cmbGraph[0], &form.cmbOpe1, &form.ImNumber1, &form.cmbOpe2,
