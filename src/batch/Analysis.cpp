@@ -73,7 +73,7 @@ AnalysisRun::AnalysisRun(FileLayer& files, const CrystalLibrary& library,
       FitPeakByPeak();
     }
     TakeMessages();
-    Index(library);
+    if (request.index) Index(library);
     ListPeaks();
   } catch (const Fault& fault) {
     throw BatchError(fault.what());

@@ -34,6 +34,7 @@ struct AnalysisRequest {
   std::optional<double> judge_range;  // angstrom; widened from 0.03 as needed where none is given
   std::optional<ChannelSpan> range;
   bool log_scale = false;
+  bool index = true;  // false: the peaks alone, whatever the sample is
 };
 
 // One fitted peak as it is listed.

@@ -7,6 +7,7 @@
 
 #include "batch/Analyse.h"
 #include "batch/BatchError.h"
+#include "batch/CalibrateCommand.h"
 #include "batch/ConvertCommand.h"
 #include "batch/InfoCommand.h"
 #include "batch/SimulateCommand.h"
@@ -152,10 +153,13 @@ int RunBatch(int argc, char** argv, std::ostream& out, std::ostream& err) {
   AddConvert(app, convert_options);
   InfoOptions info_options;
   AddInfo(app, info_options);
+  CalibrateOptions calibrate_options;
+  AddCalibrate(app, calibrate_options);
   try {
     app.parse(argc, argv);
     if (app.got_subcommand("simulate")) return RunSimulate(simulate_options, out, err);
     if (app.got_subcommand("convert")) return RunConvert(convert_options, out, err);
+    if (app.got_subcommand("calibrate")) return RunCalibrate(calibrate_options, out, err);
     if (app.got_subcommand("info")) return RunInfo(info_options, out, err);
     SettleAnalyse(analyse_texts, analyse_options);
     return RunAnalyse(analyse_options, argc, argv, out, err);

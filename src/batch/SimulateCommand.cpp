@@ -9,6 +9,7 @@
 #include "batch/ElementLines.h"
 #include "batch/OptionTexts.h"
 #include "batch/ProgramFiles.h"
+#include "batch/SourceLines.h"
 #include "files/FileNPD.h"
 #include "files/SplitPath.h"
 #include "lattice/CalLattice.h"
@@ -31,25 +32,57 @@ OutPaths PathsFor(const std::string& out) {
   return {out, parts.Drive + parts.Dir + parts.Name + ".json"};
 }
 
-// "Au:0.3,Pb:0.1": symbols with the height of K-alpha 1 as share of the strongest line's.
-std::vector<FluorescenceLine> ParseFluorescence(const std::string& text, std::string_view table) {
-  constexpr double kDefaultShare = 0.2;
-  std::vector<FluorescenceLine> lines;
+constexpr double kDefaultShare = 0.2;
+
+struct NamedShare {
+  std::string name;
+  double share = kDefaultShare;
+};
+
+// "Au:0.3,Pb:0.1".
+std::vector<NamedShare> ParseShares(const std::string& option, const std::string& text) {
+  std::vector<NamedShare> shares;
   for (const std::string& piece : CLI::detail::split(text, ',')) {
     const auto colon = piece.find(':');
     const auto share =
         colon == std::string::npos ? kDefaultShare : ParseNumber(piece.substr(colon + 1));
-    if (!share) throw UsageError("--fluorescence: \"" + piece + "\" is not SYMBOL:SHARE");
-    const auto own = KLinesOf(table, Trim(std::string_view(piece).substr(0, colon)), *share);
-    lines.insert(lines.end(), own.begin(), own.end());
+    if (!share) throw UsageError(option + ": \"" + piece + "\" is not NAME:SHARE");
+    shares.push_back({std::string(Trim(std::string_view(piece).substr(0, colon))), *share});
   }
-  return lines;
+  return shares;
+}
+
+void AddKnownLines(const SimulateOptions& options, FileLayer& files, SimulationRequest& request) {
+  const auto add = [&](const std::vector<FluorescenceLine>& lines) {
+    request.fluorescence.insert(request.fluorescence.end(), lines.begin(), lines.end());
+  };
+  if (!options.fluorescence.empty()) {
+    const ByteVector table = ReadFile(files, ProgramFile(files, "element_lines.csv"));
+    for (const NamedShare& each : ParseShares("--fluorescence", options.fluorescence)) {
+      add(KLinesOf(AsText(table), each.name, each.share));
+    }
+  }
+  if (options.sources.empty()) return;
+  for (const NamedShare& each : ParseShares("--sources", options.sources)) {
+    add(SourceLinesOf(each.name, each.share));
+  }
+}
+
+void TakeCrystal(const SimulateOptions& options, FileLayer& files, SimulationRequest& request) {
+  if (options.crystal.empty()) {
+    if (options.fluorescence.empty() && options.sources.empty())
+      throw UsageError("there is nothing to simulate: --crystal, --fluorescence or --sources");
+    if (options.pressure || options.volume_ratio || !options.cell.empty())
+      throw UsageError("--pressure, --volume-ratio and --cell are those of a --crystal");
+    return;
+  }
+  const CrystalLibrary library = ReadLibrary(files, options.crystal_file);
+  request.crystal = library.CrystalTable[CrystalIndexOf(library, options.crystal)];
 }
 
 SimulationRequest RequestOf(const SimulateOptions& options, FileLayer& files) {
   SimulationRequest request = options.request;
-  const CrystalLibrary library = ReadLibrary(files, options.crystal_file);
-  request.crystal = library.CrystalTable[CrystalIndexOf(library, options.crystal)];
+  TakeCrystal(options, files, request);
   request.name = SplitPath(options.out).Name;
   request.pressure = options.pressure;
   request.volume_ratio = options.volume_ratio;
@@ -78,10 +111,7 @@ SimulationRequest RequestOf(const SimulateOptions& options, FileLayer& files) {
     request.background.hump_kev = shape[1];
     request.background.hump_width_kev = shape[2];
   }
-  if (!options.fluorescence.empty()) {
-    const ByteVector table = ReadFile(files, ProgramFile(files, "element_lines.csv"));
-    request.fluorescence = ParseFluorescence(options.fluorescence, AsText(table));
-  }
+  AddKnownLines(options, files, request);
   return request;
 }
 
@@ -105,12 +135,14 @@ std::string TruthText(const SimulationRequest& request, const SimulatedSpectrum&
   const MeasProp& prop = spectrum.record.Prop;
   Json json;
   json["spectrum"] = request.name + ".npd";
-  json["crystal"] = request.crystal.Name;
-  json["system"] = LowerAscii(LatticeName(request.crystal.LatticeType));
-  json["cell"] = {spectrum.cell[0], spectrum.cell[1], spectrum.cell[2],
-                  spectrum.cell[3], spectrum.cell[4], spectrum.cell[5]};
-  json["V_over_V0"] = spectrum.volume_ratio;
-  json["pressure_GPa"] = spectrum.pressure ? Json(*spectrum.pressure) : Json(nullptr);
+  if (!request.crystal.Name.empty()) {
+    json["crystal"] = request.crystal.Name;
+    json["system"] = LowerAscii(LatticeName(request.crystal.LatticeType));
+    json["cell"] = {spectrum.cell[0], spectrum.cell[1], spectrum.cell[2],
+                    spectrum.cell[3], spectrum.cell[4], spectrum.cell[5]};
+    json["V_over_V0"] = spectrum.volume_ratio;
+    json["pressure_GPa"] = spectrum.pressure ? Json(*spectrum.pressure) : Json(nullptr);
+  }
   json["temperature_C"] = request.temperature;
   json["two_theta_deg"] = prop.TwoTheta;
   json["egc_keV"] = {prop.EGC[0], prop.EGC[1], prop.EGC[2]};
@@ -128,7 +160,8 @@ void AddSimulate(CLI::App& app, SimulateOptions& options) {
   CLI::App* simulate =
       app.add_subcommand("simulate", "Make a synthetic spectrum and the truth about it");
   SimulationRequest& request = options.request;
-  simulate->add_option("--crystal", options.crystal, "Crystal of the library")->required();
+  simulate->add_option("--crystal", options.crystal,
+                       "Crystal of the library; default: none, for a reference spectrum");
   simulate
       ->add_option("--out", options.out,
                    "Spectrum to write, .npd; the truth goes beside it as .json")
@@ -149,8 +182,8 @@ void AddSimulate(CLI::App& app, SimulateOptions& options) {
   simulate->add_option("--egc", options.egc,
                        "Energy in keV of channel number n: A,B,C of A + B n + C n n");
   simulate->add_option("--channels", request.channels, "Number of channels")->capture_default_str();
-  auto* counts =
-      simulate->add_option("--counts", options.counts, "Counts in the strongest diffraction line");
+  auto* counts = simulate->add_option(
+      "--counts", options.counts, "Counts in the strongest line, of the crystal if there is one");
   auto* time = simulate->add_option("--time", request.counting_time, "Counting time, s")
                    ->capture_default_str();
   counts->excludes(time);
@@ -168,6 +201,8 @@ void AddSimulate(CLI::App& app, SimulateOptions& options) {
       ->capture_default_str();
   simulate->add_option("--fluorescence", options.fluorescence,
                        "Elements SYMBOL:SHARE,...; share of the strongest line");
+  simulate->add_option("--sources", options.sources,
+                       "Radioactive sources NAME:SHARE,...: " + SourceNames());
   simulate->add_option("--seed", request.seed, "Seed of the random counts")
       ->check(CLI::NonNegativeNumber)
       ->capture_default_str();
@@ -204,8 +239,12 @@ int RunSimulate(const SimulateOptions& options, std::ostream& out, std::ostream&
     return 1;
   }
   if (options.quiet) return 0;
-  out << paths.spectrum << ": " << request.crystal.Name << ", " << spectrum.lines.size()
-      << " lines, V/V0 " << Picture(spectrum.volume_ratio, "0.00000");
+  out << paths.spectrum << ": ";
+  if (!request.crystal.Name.empty()) out << request.crystal.Name << ", ";
+  out << spectrum.lines.size() << " lines";
+  if (!request.crystal.Name.empty()) {
+    out << ", V/V0 " << Picture(spectrum.volume_ratio, "0.00000");
+  }
   if (spectrum.pressure) out << ", " << Picture(*spectrum.pressure, "0.000") << " GPa";
   out << "; truth in " << paths.truth << '\n';
   return 0;

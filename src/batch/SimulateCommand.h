@@ -18,7 +18,7 @@ namespace dorvane {
 struct SimulateOptions {
   std::string crystal, crystal_file, out;
   std::optional<double> pressure, volume_ratio, counts;
-  std::string cell, egc, width, exponential, hump, fluorescence;
+  std::string cell, egc, width, exponential, hump, fluorescence, sources;
   SimulationRequest request;  // what is a plain number
   bool quiet = false;
   bool overwrite = false;

@@ -1,6 +1,16 @@
 #include "forms/AttachForms.h"
 
 namespace dorvane {
+namespace {
+
+// The kinds of spectra that the calibration dialog opens; "000" stands for the numbered files.
+const std::vector<std::string>& SpectrumKinds() {
+  static const std::vector<std::string> kinds{"npd", "rpt", "cnf", "chn",
+                                              "xbm", "xba", "raw", "000"};
+  return kinds;
+}
+
+}  // namespace
 
 void AttachForms(frmDorvane& main, frmSelGraph& graphs, frmRoiReport& regions, frmLog& log,
                  frmKeys& keys) {
@@ -21,6 +31,40 @@ void AttachFitForms(frmDorvane& main, const Program& program, frmManualFit& manu
 void AttachAtom(frmDorvane& main, const Program& program, frmAtom& atom) {
   main.Attach("Atom", atom,
               [&program, &atom] { atom.Open(program.view.GraphNo, frmAtom::Mode::Mark); });
+}
+
+CalibWindows CalibWindowsOf(Program& program, frmDialogLoad& load, frmManualFit& manual_fit,
+                            frmAtom& atom, frmCalibCurv& curve) {
+  load.DialogCaption("File Open");
+  load.SetExt(SpectrumKinds());
+  load.MultiSelect(true);
+  load.VisibleMkDir(false);
+  load.VisibleWin(false);
+  CalibWindows windows;
+  windows.ChooseFiles = [&program, &load] {
+    load.Directory(program.workspace.CurDrive + program.workspace.CurDir);
+    load.FileName("");
+    return load.Open() ? load.Paths() : std::vector<std::string>();
+  };
+  windows.ManualFit = [&manual_fit](int grp_no) { manual_fit.Open(grp_no); };
+  windows.ElementTable = [&program, &atom](frmAtom::TakeLine take) {
+    atom.OpenToTake(program.view.GraphNo, std::move(take));
+  };
+  windows.CloseElementTable = [&atom] { atom.EndTaking(); };
+  windows.ShowCurve = [&curve](CalibrationResult result) { curve.Open(std::move(result)); };
+  return windows;
+}
+
+void AttachCalibration(frmDorvane& main, frmDialogCalibC& calibration) {
+  main.Attach("Calib", calibration, [&calibration] { calibration.Open(); });
+}
+
+void AttachArithmetic(frmDorvane& main, frmGrpCalc& arithmetic) {
+  main.Attach("CalcSpect", arithmetic, [&arithmetic] { arithmetic.Open(); });
+}
+
+void AttachPeakReport(frmDorvane& main, frmPeakReport& report) {
+  main.Attach("Report", report, [&report] { report.Open(0); });
 }
 
 void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice) {

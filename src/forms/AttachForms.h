@@ -2,12 +2,17 @@
 #pragma once
 
 #include "forms/frmAtom.h"
+#include "forms/frmCalibCurv.h"
+#include "forms/frmDialogCalibC.h"
+#include "forms/frmDialogLoad.h"
 #include "forms/frmDorvane.h"
+#include "forms/frmGrpCalc.h"
 #include "forms/frmInputFitParameter.h"
 #include "forms/frmKeys.h"
 #include "forms/frmLog.h"
 #include "forms/frmManualFit.h"
 #include "forms/frmPeakCal.h"
+#include "forms/frmPeakReport.h"
 #include "forms/frmResultDirectory.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
@@ -26,6 +31,19 @@ void AttachFitForms(frmDorvane& main, const Program& program, frmManualFit& manu
 
 // The periodic table opens for the current graph of `program`, and marks lines on it.
 void AttachAtom(frmDorvane& main, const Program& program, frmAtom& atom);
+
+// The windows of the calibration dialog: the file dialog in the folder of the last file, the fit by
+// hand, the element table and the curve. All of them outlive the dialog.
+CalibWindows CalibWindowsOf(Program& program, frmDialogLoad& load, frmManualFit& manual_fit,
+                            frmAtom& atom, frmCalibCurv& curve);
+// "Calib" opens the calibration dialog.
+void AttachCalibration(frmDorvane& main, frmDialogCalibC& calibration);
+
+// "CalcSpect" opens the dialog of graph arithmetic.
+void AttachArithmetic(frmDorvane& main, frmGrpCalc& arithmetic);
+
+// "Report" opens the peak report for the current graph.
+void AttachPeakReport(frmDorvane& main, frmPeakReport& report);
 
 // "hkl" opens the lattice form for the current graph of `program`.
 void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice);

@@ -129,6 +129,43 @@ std::string ListControl::Text() const {
   return index_ < 0 ? "" : items_[static_cast<std::size_t>(index_)];
 }
 
+void ListBox::SetItems(std::vector<std::string> items) {
+  const auto beyond =
+      std::lower_bound(selected_.begin(), selected_.end(), static_cast<int>(items.size()));
+  selected_.erase(beyond, selected_.end());
+  ListControl::SetItems(std::move(items));
+}
+
+void ListBox::SetIndex(int index) {
+  if (!several_) return ListControl::SetIndex(index);
+  if (index == -1 || Has(index)) SetSelected({index});
+}
+
+void ListBox::SetSeveral(bool several) {
+  if (several_ == several) return;
+  several_ = several;
+  selected_.clear();
+  if (several && Index() >= 0) selected_ = {Index()};
+  Shown.Fire();
+}
+
+std::vector<int> ListBox::Selected() const {
+  if (several_ || Index() < 0) return selected_;
+  return {Index()};
+}
+
+void ListBox::SetSelected(std::vector<int> indices) {
+  std::erase_if(indices, [this](int index) { return !Has(index); });
+  std::sort(indices.begin(), indices.end());
+  indices.erase(std::unique(indices.begin(), indices.end()), indices.end());
+  const int first = indices.empty() ? -1 : indices.front();
+  if (!several_) return ListControl::SetIndex(first);
+  if (selected_ == indices) return;
+  selected_ = std::move(indices);
+  if (!StoreIndex(first)) Shown.Fire();
+  Click.Fire();
+}
+
 void RangeControl::SetRange(int minimum, int maximum) {
   maximum = std::max(minimum, maximum);
   if (minimum == minimum_ && maximum == maximum_) return;

@@ -133,14 +133,22 @@ class ListControl : public Control {
   using Control::Control;
   const std::vector<std::string>& Items() const { return items_; }
   // Keeps the selected index where it still exists, else nothing is selected; no event.
-  void SetItems(std::vector<std::string> items);
+  virtual void SetItems(std::vector<std::string> items);
   int Index() const { return index_; }
-  void SetIndex(int index);  // -1: nothing is selected; beyond the items it is ignored
-  std::string Text() const;  // of the selected item, else empty
+  virtual void SetIndex(int index);  // -1: nothing is selected; beyond the items it is ignored
+  std::string Text() const;          // of the selected item, else empty
+  // One for each item; empty while no item has one.
+  const std::vector<std::string>& ItemTips() const { return item_tips_; }
+  void SetItemTips(std::vector<std::string> tips) { Store(item_tips_, std::move(tips)); }
   Event<> Click;
+
+ protected:
+  bool Has(int index) const { return index >= 0 && index < static_cast<int>(items_.size()); }
+  bool StoreIndex(int index) { return Store(index_, index); }
 
  private:
   std::vector<std::string> items_;
+  std::vector<std::string> item_tips_;
   int index_ = -1;
 };
 
@@ -154,8 +162,22 @@ class ListBox : public ListControl {
  public:
   using ListControl::ListControl;
   void Accept(ControlVisitor& visitor) override;
+  void SetItems(std::vector<std::string> items) override;
+  void SetIndex(int index) override;
+  // Whether several items may be selected at a time; Index is the first of them then. At most one
+  // stays selected when it is set to false.
+  bool Several() const { return several_; }
+  void SetSeveral(bool several);
+  // Indices of the selected items, ascending.
+  std::vector<int> Selected() const;
+  // In any order; those beyond the items are left out. Where one may be selected, the first is.
+  void SetSelected(std::vector<int> indices);
   void DoubleClick() { DblClick.Fire(); }
   Event<> DblClick;
+
+ private:
+  bool several_ = false;
+  std::vector<int> selected_;  // ascending; of a list with Several
 };
 
 // An integer in a range: slider, scroll bar, up/down button.

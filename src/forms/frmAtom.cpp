@@ -24,6 +24,7 @@ constexpr const char* kKindTips[kLineKinds] = {"Average of both K-alpha lines",
 
 constexpr const char* kEditHint =
     "Choose an element, then the lines that may be marked for it. \"Mark\" shows them.";
+constexpr const char* kTakeHint = "Choose an element, then the line whose energy is wanted.";
 constexpr const char* kNoGraphHint = "Open a spectrum to mark lines on it.";
 constexpr const char* kMarkHint = "Press elements and lines to mark them on ";
 constexpr const char* kUncalibratedHint = " (no energy calibration: nothing to see yet)";
@@ -92,6 +93,9 @@ void frmAtom::ConnectToggles() {
   optMark.Click.Connect([this] {
     if (!Filling_) SetMode(Mode::Mark);
   });
+  optTake.Click.Connect([this] {
+    if (!Filling_) SetMode(Mode::Take);
+  });
 }
 
 void frmAtom::Open(int grp_no, Mode mode) {
@@ -100,6 +104,18 @@ void frmAtom::Open(int grp_no, Mode mode) {
   if (element.Form_Load()) ShowTips();
   SetMode(mode);
   Show();
+}
+
+void frmAtom::OpenToTake(int grp_no, TakeLine take) {
+  take_ = std::move(take);
+  Open(grp_no, Mode::Take);
+}
+
+void frmAtom::EndTaking() {
+  take_ = {};
+  const bool taking = mode_ == Mode::Take;
+  SetMode(taking ? Mode::Mark : mode_);
+  if (taking) Hide();
 }
 
 void frmAtom::ShowTips() {
@@ -112,17 +128,20 @@ void frmAtom::ShowTips() {
 void frmAtom::ShowToggles() {
   const bool before = std::exchange(Filling_, true);
   const bool edit = mode_ == Mode::Edit;
+  const bool mark = mode_ == Mode::Mark;
   optEdit.SetPressed(edit);
-  optMark.SetPressed(!edit);
+  optMark.SetPressed(mark);
+  optTake.SetPressed(mode_ == Mode::Take);
+  optTake.SetVisible(static_cast<bool>(take_));
   const auto found = graphs_.find(data_no_);
   const GraphMarks graph = found == graphs_.end() ? GraphMarks{} : found->second;
   for (int num = kFirstElement; num <= kLastElement; ++num) {
-    tglAtom[num].SetPressed(edit ? num == edited_ : graph.elements.contains(num));
+    tglAtom[num].SetPressed(mark ? graph.elements.contains(num) : num == edited_);
   }
   for (int kind = 0; kind < kLineKinds; ++kind) {
-    const bool selected = edited_ != 0 && AtomSel[kind][edited_] == kTrue;
-    tglPkDisp[kind].SetPressed(edit ? selected : graph.kinds.contains(kind));
-    tglPkDisp[kind].SetEnabled(!edit || edited_ != 0);
+    const bool selected = edit && edited_ != 0 && AtomSel[kind][edited_] == kTrue;
+    tglPkDisp[kind].SetPressed(mark ? graph.kinds.contains(kind) : selected);
+    tglPkDisp[kind].SetEnabled(mark || (edit ? edited_ != 0 : HasLine(edited_, kind)));
   }
   Filling_ = before;
   ShowHint();
@@ -130,6 +149,7 @@ void frmAtom::ShowToggles() {
 
 void frmAtom::ShowHint() {
   if (mode_ == Mode::Edit) return lblHint.SetCaption(kEditHint);
+  if (mode_ == Mode::Take) return lblHint.SetCaption(kTakeHint);
   const Workspace& workspace = program_.workspace;
   for (const GraphSlot& slot : workspace.Slots) {
     if (slot.State == kRowEmpty || slot.DataNo != data_no_) continue;
@@ -152,7 +172,7 @@ void frmAtom::tglAtom_Click(int num) {
   if (Filling_) return;
   const bool pressed = tglAtom[num].Pressed();
   last_ = num;
-  if (mode_ == Mode::Edit) {
+  if (mode_ != Mode::Mark) {
     edited_ = pressed ? num : 0;
   } else if (GraphMarks* graph = Target()) {
     Choose(graph->elements, num, pressed);
@@ -170,6 +190,8 @@ void frmAtom::tglPkDisp_Click(int kind) {
       AtomSel[kind][edited_] = pressed ? kTrue : kFalse;
       KeepAtomSel(settings_, AtomSel);
     }
+  } else if (mode_ == Mode::Take) {
+    HandOver(edited_, kind);
   } else if (GraphMarks* graph = Target()) {
     Choose(graph->kinds, kind, pressed);
     MarkKind(*graph, kind);
@@ -216,9 +238,22 @@ void frmAtom::Draw(int data_no, const GraphMarks& graph) {
   line_marks_.Set(kOwner, data_no, std::move(lines));
 }
 
+bool frmAtom::HasLine(int num, int kind) {
+  if (num == 0) return false;
+  const auto record = store_.FindByNum(num);
+  return record && record->Lines[static_cast<std::size_t>(kind)].energy_kev;
+}
+
+// Whatever the table of selections says: it is about marks.
+void frmAtom::HandOver(int num, int kind) {
+  if (num == 0 || !take_) return;
+  const auto found = element.FindForGraph(num, kind);
+  if (found && !found->empty()) take_(found->front());
+}
+
 void frmAtom::SetMode(Mode mode) {
   const Mode before = std::exchange(mode_, mode);
-  if (before == Mode::Edit && mode == Mode::Mark) MarkAll();
+  if (before == Mode::Edit && mode != Mode::Edit) MarkAll();
   ShowToggles();
 }
 

@@ -1,6 +1,7 @@
 // The periodic table: choose elements and kinds of lines, and see them marked on a graph.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -19,13 +20,15 @@ namespace dorvane {
 // opened for, or of the current one when that has gone: the lines of the pressed elements and kinds
 // that the table of selections allows stand on it, also when the form is hidden. In "Edit" mode the
 // toggles change the table: an element, one at a time, shows its row and the kinds write it. The
-// graphs take the new table when the mode goes back. A listener of the program, added behind the
-// line marks.
+// graphs take the new table when the mode goes back. In "Take" mode, which another form asks for,
+// an element is chosen and its lines hand their energies over. A listener of the program, added
+// behind the line marks.
 //
 // `settings` keeps the table of selections between two runs.
 class frmAtom : public Form, public WorkspaceListener {
  public:
-  enum class Mode { Edit, Mark };
+  enum class Mode { Edit, Mark, Take };
+  using TakeLine = std::function<void(const ElementEnergy&)>;
 
   // All of them outlive the form.
   frmAtom(Program& program, FormHost& host, ElementStore& store, SettingsStore& settings,
@@ -33,6 +36,11 @@ class frmAtom : public Form, public WorkspaceListener {
 
   // Shows the form for the graph of a row; a row without a graph leaves nothing to mark.
   void Open(int grp_no, Mode mode);
+  // The same in "Take" mode, which stays on offer until EndTaking: each line that is pressed goes
+  // to `take`.
+  void OpenToTake(int grp_no, TakeLine take);
+  // Hides the form where it still is in that mode.
+  void EndTaking();
   Mode CurrentMode() const { return mode_; }
 
   void tglAtom_Click(int num);
@@ -51,6 +59,7 @@ class frmAtom : public Form, public WorkspaceListener {
   Frame frmMode{controls_, "frmMode", "Mode"};
   ToggleButton optEdit{controls_, "optEdit", "Edit"};
   ToggleButton optMark{controls_, "optMark", "Mark"};
+  ToggleButton optTake{controls_, "optTake", "Take"};  // visible while a form takes lines
   ControlArray<ToggleButton> tglPkDisp{controls_, "tglPkDisp", kLineKinds};
   ControlArray<ToggleButton, kFirstElement> tglAtom{controls_, "tglAtom", kLastElement};
   Label lblHint{controls_, "lblHint"};
@@ -79,6 +88,8 @@ class frmAtom : public Form, public WorkspaceListener {
   void MarkKind(GraphMarks& graph, int kind);
   void MarkAll();
   void Draw(int data_no, const GraphMarks& graph);
+  bool HasLine(int num, int kind);
+  void HandOver(int num, int kind);
 
   Program& program_;
   ElementStore& store_;
@@ -86,7 +97,8 @@ class frmAtom : public Form, public WorkspaceListener {
   LineMarks& line_marks_;
   Mode mode_ = Mode::Mark;
   int data_no_ = -1;                  // of the target; -1 none
-  int edited_ = 0;                    // element of "Edit" mode; 0 none
+  TakeLine take_;                     // empty: no form takes lines
+  int edited_ = 0;                    // element of "Edit" and "Take" mode; 0 none
   int last_ = 0;                      // element that was pressed last; 0 none
   std::map<int, GraphMarks> graphs_;  // by spectrum
   bool Filling_ = false;  // toggles are being set: what they then tell is no user's doing

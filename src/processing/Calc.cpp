@@ -116,6 +116,15 @@ double MixFunc(double x, std::span<const double> p, int& error) {
   return error == 0 ? g + l : 0;
 }
 
+double LineDeterminant(std::span<const double> x) {
+  double sx = 0, sxx = 0;
+  for (const double value : x) {
+    sx += value;
+    sxx += value * value;
+  }
+  return static_cast<double>(x.size()) * sxx - sx * sx;
+}
+
 LineCoef LineFit(std::span<const double> x, std::span<const double> y) {
   if (x.size() != y.size()) throw Fault(FaultCode::BadArgument);
   const auto points = static_cast<double>(x.size());
@@ -126,7 +135,7 @@ LineCoef LineFit(std::span<const double> x, std::span<const double> y) {
     sxy += x[i] * y[i];
     sxx += x[i] * x[i];
   }
-  const double det = points * sxx - sx * sx;
+  const double det = LineDeterminant(x);
   if (det == 0) return {};
   LineCoef a = {(sy * sxx - sx * sxy) / det, (points * sxy - sx * sy) / det};
   // KEPT: the line passes one step of x beside the points; the background and the calibration are

@@ -54,10 +54,13 @@ inline double LineFunc(double x, const LineCoef& c) {
   return c[0] + c[1] * x;
 }
 
+// m sum(x^2) - sum(x)^2 of m abscissae: exactly 0 where they determine no straight line.
+double LineDeterminant(std::span<const double> x);
+
 // The straight line by least squares through the points (x, y), with the slope taken off the offset
 // once: the line as returned lies one slope below the fitted one, so that channel numbers, which
-// count from 1, give the fitted line. Zeros where the determinant is exactly 0 (no points, one
-// point, all at one x). Throws Fault(BadArgument) when x and y differ in size.
+// count from 1, give the fitted line. Zeros where LineDeterminant is 0 (no points, one point, all
+// at one x). Throws Fault(BadArgument) when x and y differ in size.
 LineCoef LineFit(std::span<const double> x, std::span<const double> y);
 
 // The larger and the smaller of two numbers.

@@ -115,6 +115,10 @@ double CellVolume(const SeedCell& cell, std::int16_t lattice_type) {
   return CalcVolume(at(0), at(1), at(2), at(3), at(4), at(5), lattice_type);
 }
 
+bool HasCrystal(const SimulationRequest& request) {
+  return !request.crystal.Name.empty() || request.crystal.LineCount > 0;
+}
+
 void SettleCell(const SimulationRequest& request, SimulatedSpectrum& spectrum) {
   const CrystalRec& crystal = request.crystal;
   const int given =
@@ -197,6 +201,21 @@ void AddDiffraction(const SimulationRequest& request, SimulatedSpectrum& spectru
     spectrum.lines.push_back(line);
   }
   Require(!spectrum.lines.empty(), "no line of the crystal falls into the channels");
+}
+
+// Without a crystal: the height to which the shares refer, with the counts in the line of the
+// greatest share.
+double HeightOfShares(const SimulationRequest& request, const MeasProp& prop, double counts) {
+  SimulatedLine greatest;
+  double share = 0;
+  for (const FluorescenceLine& wanted : request.fluorescence) {
+    SimulatedLine line;
+    if (wanted.share <= share || !PlaceLine(request, prop, wanted.energy_kev, line)) continue;
+    greatest = line;
+    share = wanted.share;
+  }
+  Require(share > 0, "no line falls into the channels");
+  return counts * ShareInChannel(greatest, greatest.index) / share;
 }
 
 // Brings the areas to counts; the height of the strongest line, to which the shares refer.
@@ -320,11 +339,13 @@ double LengthFactorAt(const CrystalRec& crystal, double pressure_gpa, double tem
 SimulatedSpectrum Simulate(const SimulationRequest& request) {
   CheckRequest(request);
   SimulatedSpectrum spectrum;
-  SettleCell(request, spectrum);
+  if (HasCrystal(request)) SettleCell(request, spectrum);
   const double counts = request.strongest_counts.value_or(request.counting_time * request.rate);
   FillRecord(request, counts / request.rate, spectrum);
-  AddDiffraction(request, spectrum);
-  const double reference_height = ScaleAreas(counts, spectrum.lines);
+  if (HasCrystal(request)) AddDiffraction(request, spectrum);
+  const double reference_height = HasCrystal(request)
+                                      ? ScaleAreas(counts, spectrum.lines)
+                                      : HeightOfShares(request, spectrum.record.Prop, counts);
   AddFluorescence(request, reference_height, spectrum);
 
   spectrum.expected.assign(static_cast<std::size_t>(request.channels), 0.0);

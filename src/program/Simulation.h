@@ -1,5 +1,6 @@
-// Synthetic spectra: the diffraction lines of a crystal, fluorescence lines and background as a
-// germanium detector would count them, with the truth that they were made from.
+// Synthetic spectra: the diffraction lines of a crystal, lines of fluorescence and of radioactive
+// sources, and background as a germanium detector would count them, with the truth that they were
+// made from.
 #pragma once
 
 #include <cstdint>
@@ -13,6 +14,7 @@
 
 namespace dorvane {
 
+// A line of known energy, of an element or a source.
 struct FluorescenceLine {
   std::string name;
   double energy_kev = 0;
@@ -46,7 +48,8 @@ struct BeamShape {
 };
 
 struct SimulationRequest {
-  CrystalRec crystal;                  // its cell is that at ambient conditions
+  CrystalRec crystal;                  // its cell is that at ambient conditions; without name and
+                                       // lines there is no crystal, as for a reference spectrum
   std::optional<double> pressure;      // GPa, by the scale that has the crystal's name
   std::optional<double> volume_ratio;  // V/V0, all lengths scaled alike
   std::optional<SeedCell> cell;  // at most one of the three; the ambient cell where there is none
@@ -58,9 +61,10 @@ struct SimulationRequest {
   BackgroundShape background;
   BeamShape beam;
   std::vector<FluorescenceLine> fluorescence;
-  std::optional<double> strongest_counts;  // counts in the strongest diffraction line
+  std::optional<double> strongest_counts;  // counts in the strongest diffraction line, or, without
+                                           // a crystal, in the line of the greatest share
   double counting_time = 100;              // s; decides where strongest_counts is not given
-  double rate = 1000;                      // counts per second in the strongest diffraction line
+  double rate = 1000;                      // counts per second in that line
   std::uint64_t seed = 1;
   std::string name = "simulated";
 
@@ -95,8 +99,8 @@ struct SimulatedSpectrum {
 // Draws a spectrum. Equal requests give equal counts. Lines have multiplicity * d^2 * beam as
 // relative areas, the multiplicity being that of the highest symmetry of the crystal's system;
 // structure factors are not known here. Throws Fault(BadArgument), naming what is wrong, for values
-// out of range, a pressure that the scale doesn't reach, a crystal without scale, and a crystal
-// none of whose lines falls into the channels.
+// out of range, a pressure that the scale doesn't reach, a crystal without scale, and where no line
+// of the crystal, or none at all, falls into the channels.
 SimulatedSpectrum Simulate(const SimulationRequest& request);
 
 // Number of planes with the d of hkl in the crystal class of highest symmetry of a LatticeType, 0

@@ -47,8 +47,14 @@ Session::Session(const Places& places, SettingsStore& settings)
       manual_fit(program, host),
       fit_input(program, host),
       atom(program, host, element_table, settings, line_marks),
+      arithmetic(program, host),
       lattice(program, host, settings, line_marks),
+      peak_report(program, host),
       result_directory(program, host, settings),
+      load(program, host, folders),
+      calibration_curve(program, host, printer),
+      calibration(program, host,
+                  CalibWindowsOf(program, load, manual_fit, atom, calibration_curve)),
       form_views(host, IconOf),
       places_(places),
       settings_(settings) {
@@ -58,11 +64,15 @@ Session::Session(const Places& places, SettingsStore& settings)
   views.Add(graph_select);
   views.Add(roi_report);
   views.Add(atom);
+  views.Add(calibration);
   AttachForms(main, graph_select, roi_report, log, keys);
   AttachFitForms(main, program, manual_fit, fit_input);
   AttachAtom(main, program, atom);
+  AttachArithmetic(main, arithmetic);
   AttachLattice(main, program, lattice);
+  AttachPeakReport(main, peak_report);
   AttachResultDirectory(main, result_directory);
+  AttachCalibration(main, calibration);
   AddViews();
   FormWindow* window = form_views.WindowOf(main);
   dialogs.SetParent(window);
@@ -90,8 +100,14 @@ void Session::AddViews() {
   add(fit_input);
   add(atom);
   add(atom.element);
+  add(arithmetic);
   add(lattice);
+  add(peak_report);
   add(result_directory);
+  add(load);
+  add(load.new_path);
+  add(calibration_curve);
+  add(calibration);
 }
 
 void Session::ConnectStatus() {

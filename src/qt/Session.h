@@ -8,12 +8,17 @@
 #include "elements/ElementDb.h"
 #include "forms/AttachForms.h"
 #include "forms/frmAtom.h"
+#include "forms/frmCalibCurv.h"
+#include "forms/frmDialogCalibC.h"
+#include "forms/frmDialogLoad.h"
 #include "forms/frmDorvane.h"
+#include "forms/frmGrpCalc.h"
 #include "forms/frmInputFitParameter.h"
 #include "forms/frmKeys.h"
 #include "forms/frmLog.h"
 #include "forms/frmManualFit.h"
 #include "forms/frmPeakCal.h"
+#include "forms/frmPeakReport.h"
 #include "forms/frmResultDirectory.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
@@ -22,6 +27,7 @@
 #include "qt/DesktopLauncher.h"
 #include "qt/Hourglass.h"
 #include "qt/QtDialogs.h"
+#include "qt/QtPrinter.h"
 #include "qt/StatusProgress.h"
 #include "qt/binding/QtFormHost.h"
 #include "workspace/ListenerFan.h"
@@ -66,8 +72,15 @@ class Session : public QObject {
   frmManualFit manual_fit;
   frmInputFitParameter fit_input;
   frmAtom atom;
+  frmGrpCalc arithmetic;
   frmPeakCal lattice;
+  frmPeakReport peak_report;
   frmResultDirectory result_directory;
+  SystemFolders folders;
+  QtPrinter printer;
+  frmDialogLoad load;
+  frmCalibCurv calibration_curve;
+  frmDialogCalibC calibration;
   FormViews form_views;  // goes first: the windows are above the forms
 
  signals:

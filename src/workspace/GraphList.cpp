@@ -72,6 +72,45 @@ void MoveToWindow(const GraphList& list, GraphSlot& slot, int win_no) {
   list.listener.SpectrumRemoved(old, slot.DataNo);
 }
 
+// Takes the graph of a row, 0..9, away; its row stays.
+void EmptyRow(const GraphList& list, int grp_no) {
+  Workspace& workspace = list.workspace;
+  GraphSlot& slot = workspace.Slots[grp_no];
+  const std::int16_t data_no = slot.DataNo;
+  workspace.Channels[data_no].Counts.fill(0);
+  list.listener.SpectrumRemoved(slot.WinNo, data_no);
+  list.listener.SelectionRowCleared(grp_no);
+  slot.State = kRowEmpty;
+  --workspace.GrpCount;
+  workspace.DataUse[data_no] = 0;
+  Add_cboGraphSel(list);
+  list.listener.CheckBoxesFilled();
+}
+
+// Runs `clear` on a row, then closes the gap. Nothing for an empty list.
+template <typename Clear>
+void ClearAndClose(const GraphList& list, int grp_no, const Clear& clear) {
+  Workspace& workspace = list.workspace;
+  const int last = workspace.GrpCount - 1;
+  if (last < 0) return;
+  const int win_no = workspace.Slots[grp_no].WinNo;
+  clear(list, grp_no);
+  // KEPT: the gap closes also when the user has kept the data: the spectrum then stays taken
+  // without a row, and GrpCount one too high.
+  for (int i = grp_no + 1; i <= std::min(last, kRows - 1); ++i) {
+    workspace.Slots[i - 1] = workspace.Slots[i];
+  }
+  workspace.Slots[std::min(last, kRows - 1)] = GraphSlot{};
+  FollowRows(list.view, grp_no + 1, -1);
+  StayOnGraphs(workspace, list.view);
+  list.view.DataNo = workspace.Slots[list.view.GraphNo].DataNo;
+  list.listener.SelectionListFilled();
+  Add_cboGraphSel(list);
+  list.listener.CheckBoxesFilled();
+  list.listener.RedrawWanted(win_no);
+  NameCurrentGraph(list);
+}
+
 }  // namespace
 
 GraphKind KindOf(std::string_view title) {
@@ -161,39 +200,16 @@ std::int16_t ClearGrp(const GraphList& list, int grp_no) {
   constexpr std::int16_t kOk = -1;
   if (workspace.GrpCount <= 0 || grp_no >= kRows) return kOk;
   if (ConfirmUnsaved(list) != 0) return kOk;
-  GraphSlot& slot = workspace.Slots[grp_no];
-  const std::int16_t data_no = slot.DataNo;
-  workspace.Channels[data_no].Counts.fill(0);
-  list.listener.SpectrumRemoved(slot.WinNo, data_no);
-  list.listener.SelectionRowCleared(grp_no);
-  slot.State = kRowEmpty;
-  --workspace.GrpCount;
-  workspace.DataUse[data_no] = 0;
-  Add_cboGraphSel(list);
-  list.listener.CheckBoxesFilled();
+  EmptyRow(list, grp_no);
   return kOk;
 }
 
 void DeleteGraph(const GraphList& list, int grp_no) {
-  Workspace& workspace = list.workspace;
-  const int last = workspace.GrpCount - 1;
-  if (last < 0) return;
-  const int win_no = workspace.Slots[grp_no].WinNo;
-  ClearGrp(list, grp_no);
-  // KEPT: the gap closes also when the user has kept the data: the spectrum then stays taken
-  // without a row, and GrpCount one too high.
-  for (int i = grp_no + 1; i <= std::min(last, kRows - 1); ++i) {
-    workspace.Slots[i - 1] = workspace.Slots[i];
-  }
-  workspace.Slots[std::min(last, kRows - 1)] = GraphSlot{};
-  FollowRows(list.view, grp_no + 1, -1);
-  StayOnGraphs(workspace, list.view);
-  list.view.DataNo = workspace.Slots[list.view.GraphNo].DataNo;
-  list.listener.SelectionListFilled();
-  Add_cboGraphSel(list);
-  list.listener.CheckBoxesFilled();
-  list.listener.RedrawWanted(win_no);
-  NameCurrentGraph(list);
+  ClearAndClose(list, grp_no, ClearGrp);
+}
+
+void RemoveGraph(const GraphList& list, int grp_no) {
+  ClearAndClose(list, grp_no, EmptyRow);
 }
 
 std::int16_t ClearAllGrp(const GraphList& list) {

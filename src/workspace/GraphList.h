@@ -55,6 +55,8 @@ std::int16_t ClearGrp(const GraphList& list, int grp_no);
 // Removes the graph and closes the gap. The current row stays on its graph; when that was the last
 // of the list and is gone, it falls on the one before.
 void DeleteGraph(const GraphList& list, int grp_no);
+// The same without the question, for whoever has asked it (ConfirmUnsaved).
+void RemoveGraph(const GraphList& list, int grp_no);
 
 // ClearGrp on every row, then no peak lines in either window. The result of the last ClearGrp.
 std::int16_t ClearAllGrp(const GraphList& list);

@@ -85,6 +85,22 @@ TEST_F(SimulateTest, WhatCannotBeIsBadUsage) {
   }
 }
 
+TEST_F(SimulateTest, SourcesAndFluorescenceMakeAReferenceSpectrumWithoutACrystal) {
+  const BatchRun run =
+      Run({"simulate", "--sources", "Am-241:1", "--fluorescence", "Cu:0.5", "--out", "s.npd"});
+  EXPECT_EQ(run.out, "s.npd: 5 lines; truth in s.json\n");
+  EXPECT_FALSE(Truth().contains("crystal"));
+  EXPECT_EQ(Truth()["lines"][3]["name"], "Am-241 59.5");
+}
+
+TEST_F(SimulateTest, WithoutACrystalThereHasToBeALineAndNoPressure) {
+  EXPECT_EQ(Run({"simulate", "--out", "s.npd"}).status, 2);
+  EXPECT_EQ(Run({"simulate", "--sources", "Am-241", "--pressure", "1", "--out", "s.npd"}).status,
+            2);
+  EXPECT_EQ(Run({"simulate", "--sources", "Co-60", "--out", "s.npd"}).status, 2);
+  EXPECT_EQ(Run({"simulate", "--sources", "Am-241:x", "--out", "s.npd"}).status, 2);
+}
+
 TEST_F(SimulateTest, QuietPrintsNothing) {
   EXPECT_EQ(Simulate({"--quiet"}).out, "");
 }

@@ -41,8 +41,10 @@ inline void CheckElementMarks(const Program& program, const FakeElementStore& st
 inline void CheckAtom(const frmAtom& form, const Program& program, const FakeElementStore& store,
                       Wrong& wrong) {
   const bool edit = form.CurrentMode() == frmAtom::Mode::Edit;
-  Expect(form.optEdit.Pressed() == edit && form.optMark.Pressed() == !edit, "one mode is on",
-         wrong);
+  const bool mark = form.CurrentMode() == frmAtom::Mode::Mark;
+  Expect(form.optEdit.Pressed() == edit && form.optMark.Pressed() == mark &&
+             form.optTake.Pressed() == (!edit && !mark),
+         "one mode is on", wrong);
   int pressed = 0;
   int last = 0;
   for (int num = kFirstElement; num <= kLastElement; ++num) {

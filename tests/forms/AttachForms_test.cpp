@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "forms/FakeElementStore.h"
+#include "forms/FakePrinter.h"
 #include "forms/MainFormFixture.h"
 
 namespace dorvane {
@@ -19,7 +20,14 @@ class AttachFormsTest : public MainFormTest {
   FakeElementStore store;
   LineMarks line_marks{program};
   frmAtom atom{program, host, store, settings, line_marks};
+  frmGrpCalc arithmetic{program, host};
   frmPeakCal lattice{program, host, settings, line_marks};
+  SystemFolders folders;
+  FakePrinter printer;
+  frmDialogLoad load{program, host, folders};
+  frmCalibCurv curve{program, host, printer};
+  frmDialogCalibC calibration{program, host,
+                              CalibWindowsOf(program, load, manual_fit, atom, curve)};
 };
 
 TEST_F(AttachFormsTest, TheWindowMenuOpensTheFloatingForms) {
@@ -92,6 +100,33 @@ TEST_F(AttachFormsTest, TheSettingsOpenTheResultDirectory) {
   EXPECT_THAT(host.Shown(), testing::ElementsAre("frmResultDirectory"));
 }
 
+TEST_F(AttachFormsTest, CalcSpectOpensTheGraphArithmeticFromBothToolBarsAndTheMenu) {
+  EXPECT_FALSE(Menu("mnuCalcSpect").Enabled());
+  AttachArithmetic(form, arithmetic);
+  EXPECT_TRUE(Menu("mnuCalcSpect").Enabled());
+  for (int i = 0; i < 3; ++i) host.ExpectModal([](Form& opened) { opened.Hide(); });
+  form.tool_bars.tlbrCalc.Press("CalcSpect");
+  form.tool_bars.tlbrOperation.Press("CalcSpect");
+  Menu("mnuCalcSpect").Choose();
+  EXPECT_THAT(host.Shown(), testing::ElementsAre("frmGrpCalc", "frmGrpCalc", "frmGrpCalc"));
+}
+
+// The spectrum has 5 counts in each channel.
+TEST_F(AttachFormsTest, TheResultOfTheGraphArithmeticIsReadAtTheCursor) {
+  AttachArithmetic(form, arithmetic);
+  ShowSpectrum();
+  TypeCursor("100");
+  EXPECT_EQ(form.cursor.inumCursorCnt[0].Text(), "5");
+  host.ExpectModal([this](Form&) {
+    arithmetic.cmbOpe2.SetIndex(kNoSecondTerm);
+    arithmetic.ImNumber1.Type("2");
+    arithmetic.cmdCalc.Press();
+    arithmetic.cmdCancel.Press();
+  });
+  Menu("mnuCalcSpect").Choose();
+  EXPECT_EQ(form.cursor.inumCursorCnt[0].Text(), "7");
+}
+
 TEST_F(AttachFormsTest, HklOpensTheLatticeFormForTheCurrentGraph) {
   folder.Put("crystal.dat", "\n\n\n\n\n\n\n\n\n\n0\n");
   AttachLattice(form, program, lattice);
@@ -105,6 +140,125 @@ TEST_F(AttachFormsTest, HklOpensTheLatticeFormForTheCurrentGraph) {
   dialogs.ExpectSave({});
   form.tool_bars.tlbrOperation.Press("hkl");
   EXPECT_THAT(host.Shown(), testing::ElementsAre("frmPeakCal"));
+}
+
+TEST_F(AttachFormsTest, ReportOpensThePeakReportFromBothToolBarsAndTheMenu) {
+  frmPeakReport report(program, host);
+  EXPECT_FALSE(Menu("mnuPeakReport").Enabled());
+  AttachPeakReport(form, report);
+  ShowSpectrum("a.npd");
+  ShowSpectrum("b.npd");
+  const auto expect = [this, &report] {
+    host.ExpectModal([&report](Form& opened) {
+      EXPECT_EQ(report.GrpNo, 1);
+      opened.Hide();
+    });
+  };
+  expect();
+  form.tool_bars.tlbrOperation.Press("Report");
+  expect();
+  form.tool_bars.tlbrRoiPeak.Press("Report");
+  expect();
+  Menu("mnuPeakReport").Choose();
+  EXPECT_THAT(host.Shown(),
+              testing::ElementsAre("frmPeakReport", "frmPeakReport", "frmPeakReport"));
+}
+
+class AttachCalibrationTest : public AttachFormsTest {
+ protected:
+  AttachCalibrationTest() {
+    AttachCalibration(form, calibration);
+    views.Add(calibration);
+  }
+};
+
+TEST_F(AttachCalibrationTest, CalibOpensTheDialogFromBothToolBarsAndTheMenu) {
+  form.tool_bars.tlbrEnergy.Press("Calib");
+  EXPECT_TRUE(calibration.Visible());
+  calibration.cmdCalbCan.Press();
+  form.tool_bars.tlbrCalc.Press("Calib");
+  calibration.cmdCalbCan.Press();
+  Menu("mnuCons").Choose();
+  EXPECT_THAT(host.Shown(), testing::Each("frmDialogCalibC"));
+  EXPECT_THAT(host.Shown(), testing::SizeIs(3));
+}
+
+TEST_F(AttachCalibrationTest, WhileItIsOpenFiveButtonsAreOffAndTheOthersCanBeUsed) {
+  AttachLattice(form, program, lattice);
+  ShowSpectrum();
+  const ToolBar& operation = form.tool_bars.tlbrOperation;
+  const bool fit = operation.ButtonEnabled("AllFit");
+  Menu("mnuCons").Choose();
+  EXPECT_FALSE(form.tool_bars.tlbrFile.ButtonEnabled("LoadData"));
+  EXPECT_FALSE(form.tool_bars.tlbrFile.ButtonEnabled("SaveData"));
+  EXPECT_FALSE(form.tool_bars.tlbrFile.ButtonEnabled("Printer"));
+  EXPECT_FALSE(form.tool_bars.tlbrEnergy.ButtonEnabled("Calib"));
+  EXPECT_FALSE(operation.ButtonEnabled("hkl"));
+  EXPECT_TRUE(form.tool_bars.tlbrCalc.ButtonEnabled("Calib"));
+  EXPECT_EQ(operation.ButtonEnabled("AllFit"), fit);
+  calibration.cmdCalbCan.Press();
+  EXPECT_TRUE(form.tool_bars.tlbrFile.ButtonEnabled("LoadData"));
+  EXPECT_TRUE(form.tool_bars.tlbrEnergy.ButtonEnabled("Calib"));
+  EXPECT_TRUE(operation.ButtonEnabled("hkl"));
+}
+
+TEST_F(AttachCalibrationTest, TheEndOfTheProgramEndsTheCalibrationModeToo) {
+  Menu("mnuCons").Choose();
+  Menu("mnuExit").Choose();
+  EXPECT_FALSE(calibration.Visible());
+  EXPECT_EQ(view.CalibrationOn, kFalse);
+}
+
+TEST_F(AttachCalibrationTest, FilesAreChosenInTheProgramsOwnDialogInTheFolderOfTheLastFile) {
+  Show({1, 2, 3}, "a.xbm");
+  SaveGraphAs(program, folder.Path("a, b.xbm"));
+  DeleteGraph(list, 0);
+  workspace.CurDir = folder.Path("");
+  Menu("mnuCons").Choose();
+  host.ExpectModal([this](Form& opened) {
+    EXPECT_EQ(opened.Caption(), "File Open");
+    EXPECT_EQ(load.Directory(), folder.Path(""));
+    EXPECT_EQ(load.txtSelFile.Text(), "");
+    load.cmbExtName.SetIndex(4);
+    load.filFiles.SetSelected({0});
+    load.cmdSet.Press();
+  });
+  calibration.cmdFileOpen.Press();
+  EXPECT_EQ(calibration.sprdFileName.Text(1, 1), "a, b.xbm");
+  EXPECT_EQ(workspace.Slots[0].Title, "a, b.xbm");
+  host.ExpectModal([this](Form&) {
+    EXPECT_EQ(load.txtSelFile.Text(), "");
+    load.cmdCancel.Press();
+  });
+  calibration.cmdFileOpen.Press();
+  EXPECT_EQ(calibration.sprdFileName.MaxRows(), 1);
+}
+
+TEST_F(AttachCalibrationTest, TheElementTableHandsALineToTheActiveRow) {
+  Menu("mnuCons").Choose();
+  calibration.cmdEnergyInp.Press();
+  EXPECT_EQ(atom.CurrentMode(), frmAtom::Mode::Take);
+  calibration.vaSpread1.SetActiveRow(3);
+  atom.tglAtom[26].SetPressed(true);
+  atom.tglPkDisp[1].SetPressed(true);
+  EXPECT_EQ(calibration.vaSpread1.Text(3, frmDialogCalibC::kEnergy), "6.4039");
+  EXPECT_EQ(calibration.vaSpread1.Text(3, frmDialogCalibC::kCharacter), "Fe Ka1");
+  calibration.cmdCalbCan.Press();
+  EXPECT_FALSE(atom.Visible());
+}
+
+TEST_F(AttachCalibrationTest, TheFitByHandAndTheCurveAreModal) {
+  ShowSpectrum();
+  Menu("mnuCons").Choose();
+  calibration.cmdSmothBk.Press();
+  for (const int mode : {0, 1}) {
+    host.ExpectModal([](Form& opened) { opened.Hide(); });
+    calibration.cmdAuto[mode].Press();
+  }
+  host.ExpectModal([this](Form&) { curve.cmdOk.Press(); });
+  calibration.cmdCurve.Press();
+  EXPECT_THAT(host.Shown(), testing::ElementsAre("frmDialogCalibC", "frmManualFit", "frmManualFit",
+                                                 "frmCalibCurv"));
 }
 
 }  // namespace

@@ -106,6 +106,58 @@ TEST_F(ControlsTest, ANewListKeepsTheIndexThatStillExists) {
   EXPECT_EQ(box.Text(), "");
 }
 
+TEST_F(ControlsTest, AListOfSeveralTellsAllThatAreSelectedInTheirOrder) {
+  ListBox list(controls, "filFiles");
+  list.SetItems({"a", "b", "c"});
+  list.SetSeveral(true);
+  Count(list.Click);
+  list.SetSelected({2, 0, 2, 7, -1});
+  EXPECT_THAT(list.Selected(), ElementsAre(0, 2));
+  EXPECT_EQ(list.Index(), 0);
+  list.SetSelected({0, 2});
+  EXPECT_EQ(events, 1);
+  list.SetSelected({0, 1});
+  EXPECT_EQ(events, 2);
+}
+
+TEST_F(ControlsTest, AnIndexSelectsThatItemOfAListOfSeveralAlone) {
+  ListBox list(controls, "filFiles");
+  list.SetItems({"a", "b", "c"});
+  list.SetSeveral(true);
+  list.SetSelected({0, 2});
+  list.SetIndex(3);
+  EXPECT_THAT(list.Selected(), ElementsAre(0, 2));
+  list.SetIndex(1);
+  EXPECT_THAT(list.Selected(), ElementsAre(1));
+  list.SetIndex(-1);
+  EXPECT_THAT(list.Selected(), ElementsAre());
+}
+
+TEST_F(ControlsTest, AListOfOneSelectsTheFirstAskedFor) {
+  ListBox list(controls, "filFiles");
+  list.SetItems({"a", "b", "c"});
+  list.SetSelected({2, 1});
+  EXPECT_EQ(list.Index(), 1);
+  EXPECT_THAT(list.Selected(), ElementsAre(1));
+  list.SetSeveral(true);
+  EXPECT_THAT(list.Selected(), ElementsAre(1));
+  list.SetSelected({1, 2});
+  list.SetSeveral(false);
+  EXPECT_THAT(list.Selected(), ElementsAre(1));
+}
+
+TEST_F(ControlsTest, ANewListOfSeveralKeepsWhatStillExists) {
+  ListBox list(controls, "filFiles");
+  list.SetItems({"a", "b", "c"});
+  list.SetSeveral(true);
+  list.SetSelected({1, 2});
+  list.SetItems({"x", "y"});
+  EXPECT_THAT(list.Selected(), ElementsAre(1));
+  list.SetItems({});
+  EXPECT_THAT(list.Selected(), ElementsAre());
+  EXPECT_EQ(list.Index(), -1);
+}
+
 TEST_F(ControlsTest, AScrollBarStaysInItsRange) {
   ScrollBar bar(controls, "hsbStartX");
   bar.SetRange(0, 4096);

@@ -66,10 +66,10 @@ class Monkey {
 
  private:
   // What users press most.
-  static constexpr std::array kCommon{"LoadData", "LoadData", "SaveData",  "Smooth",  "BackGround",
-                                      "MkIns",    "All",      "Fit",       "AllFit",  "MkDel",
-                                      "RoiAdd",   "RoiDel",   "JmpRight",  "JmpLeft", "AreaCursor",
-                                      "AutoFit",  "Split",    "NaxAllFit", "Atom",    "hkl"};
+  static constexpr std::array kCommon{
+      "LoadData",   "LoadData", "SaveData", "Smooth",    "BackGround", "MkIns",    "All",
+      "Fit",        "AllFit",   "MkDel",    "RoiAdd",    "RoiDel",     "JmpRight", "JmpLeft",
+      "AreaCursor", "AutoFit",  "Split",    "NaxAllFit", "Atom",       "hkl",      "CalcSpect"};
 
   void Start() {
     if (dice_.OneIn(4)) files_.HarmParameters();
@@ -126,6 +126,7 @@ class Monkey {
 
   void Work(Form& form) {
     if (&form == &run_->lattice) return WorkLattice();
+    if (&form == &run_->arithmetic) happened_.calculating = true;
     std::vector<Control*> usable;
     for (Control* control : form.Controls().All()) {
       if (control->Enabled() && control->Visible()) usable.push_back(control);

@@ -91,8 +91,8 @@ inline bool HoldsPeakWhoseFitFaults(const Program& program) {
 // Faults that pass to the user: a file that can't be opened to save, a peak or a count of a file
 // that no measurement gives, a peak whose fit faults, a smoothing that the parameter file has and
 // the program hasn't, an interval of the background that divides 8192 channels, borders of a peak
-// in the first channel, the fit and the borders of a typed peak that is no line; a crystal library
-// that can't be read.
+// in the first channel, the fit and the borders of a typed peak that is no line; graph arithmetic
+// beyond 32 bits; a crystal library that can't be read.
 inline bool IsStated(const Program& program, const Happened& happened, const std::string& box) {
   const auto is = [&box](FaultCode code) { return box.starts_with(FaultText(code)); };
   if (box.find(kLibraryName) != std::string::npos) {
@@ -103,7 +103,8 @@ inline bool IsStated(const Program& program, const Happened& happened, const std
   }
   const Workspace& workspace = program.workspace;
   if (is(FaultCode::Overflow)) {
-    return HoldsHuge(workspace, program.view.DataNo) || HoldsPeakWhoseFitFaults(program);
+    return happened.calculating || HoldsHuge(workspace, program.view.DataNo) ||
+           HoldsPeakWhoseFitFaults(program);
   }
   const bool no_line = HoldsPeakOfNoLine(workspace, program.view.DataNo);
   if (is(FaultCode::DivisionByZero)) return no_line || HoldsPeakWhoseFitFaults(program);

@@ -26,6 +26,7 @@ struct Happened {
   bool out_of_numbers = false;     // no DataNo was free
   bool saving = false;             // a file was chosen to save to
   std::string saved_to;            // its name in the folder
+  bool calculating = false;        // the graph arithmetic was open
   bool files_unsure = false;       // a call of the file system may have failed
   bool library_whole = true;       // the crystal library is as it is meant to be
   int files_read = 0;

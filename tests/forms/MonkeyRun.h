@@ -39,6 +39,7 @@ class MonkeyRun {
         manual_fit(*program, outside.host),
         fit_input(*program, outside.host),
         atom(*program, outside.host, elements, outside.settings, line_marks),
+        arithmetic(*program, outside.host),
         lattice(*program, outside.host, outside.settings, line_marks),
         message(outside.host),
         input(outside.host) {
@@ -50,6 +51,7 @@ class MonkeyRun {
     AttachForms(main, graphs, regions, log, keys);
     AttachFitForms(main, *program, manual_fit, fit_input);
     AttachAtom(main, *program, atom);
+    AttachArithmetic(main, arithmetic);
     AttachLattice(main, *program, lattice);
     main.Ended.Connect([this] { ended = true; });
   }
@@ -66,6 +68,7 @@ class MonkeyRun {
   frmManualFit manual_fit;
   frmInputFitParameter fit_input;
   frmAtom atom;
+  frmGrpCalc arithmetic;
   frmPeakCal lattice;
   frmDialogMessage message;
   frmInput input;

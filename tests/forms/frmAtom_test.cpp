@@ -342,5 +342,101 @@ TEST_F(frmAtomTest, CancelHidesItAndKeepsTheMarks) {
   EXPECT_THAT(Marks(), ElementsAre("Fe Ka1"));
 }
 
+// ---- lines for another form
+
+class frmAtomTakeTest : public frmAtomTest {
+ protected:
+  frmAtomTakeTest() {
+    form.OpenToTake(0, [this](const ElementEnergy& line) { taken.push_back(line); });
+  }
+  std::vector<ElementEnergy> taken;
+};
+
+TEST_F(frmAtomTakeTest, APressedLineOfTheElementIsHandedOver) {
+  Press(kFe);
+  PressKind(kKb1);
+  EXPECT_THAT(taken, ElementsAre(ElementEnergy{kKb1, 7.058, "Fe Kb1"}));
+  EXPECT_THAT(PressedKinds(), IsEmpty());
+  PressKind(kEdg);
+  EXPECT_THAT(taken, testing::SizeIs(2));
+}
+
+TEST_F(frmAtomTakeTest, OnlyLinesThatTheElementHasAreOn) {
+  EXPECT_FALSE(form.tglPkDisp[kEdg].Enabled());
+  Press(kH);
+  EXPECT_TRUE(form.tglPkDisp[kEdg].Enabled());
+  EXPECT_FALSE(form.tglPkDisp[kKa1].Enabled());
+  PressKind(kKa1);
+  Release(kH);
+  PressKind(kEdg);
+  EXPECT_THAT(taken, IsEmpty());
+}
+
+TEST_F(frmAtomTakeTest, ALineThatIsNotSelectedForMarksIsHandedOverToo) {
+  form.AtomSel[kKa1][kFe] = kFalse;
+  Press(kFe);
+  PressKind(kKa1);
+  EXPECT_THAT(taken, testing::SizeIs(1));
+  EXPECT_EQ(form.AtomSel[kKa1][kFe], kFalse);
+}
+
+TEST_F(frmAtomTakeTest, NothingIsMarkedAndNothingKept) {
+  Press(kPb);
+  PressKind(kKa1);
+  EXPECT_THAT(Marks(), IsEmpty());
+  EXPECT_EQ(settings.writes, 0);
+}
+
+TEST_F(frmAtomTakeTest, ModesCanBeChangedAndTheMarksStandApart) {
+  EXPECT_TRUE(form.optTake.Pressed());
+  EXPECT_THAT(form.lblHint.Caption(), HasSubstr("line whose energy is wanted"));
+  form.optMark.SetPressed(true);
+  EXPECT_FALSE(form.optTake.Pressed());
+  Press(kFe);
+  PressKind(kKa1);
+  EXPECT_THAT(Marks(), ElementsAre("Fe Ka1"));
+  form.optTake.SetPressed(true);
+  EXPECT_THAT(PressedAtoms(), IsEmpty());
+  EXPECT_THAT(taken, IsEmpty());
+}
+
+TEST_F(frmAtomTakeTest, EditedSelectionsReachTheMarksOnTheWayToTake) {
+  form.optMark.SetPressed(true);
+  Press(kFe);
+  PressKind(kKa1);
+  form.optEdit.SetPressed(true);
+  Press(kFe);
+  ReleaseKind(kKa1);
+  form.optTake.SetPressed(true);
+  EXPECT_THAT(Marks(), IsEmpty());
+}
+
+TEST_F(frmAtomTakeTest, TheEndHidesTheFormAndTheMode) {
+  form.EndTaking();
+  EXPECT_FALSE(form.Visible());
+  EXPECT_FALSE(form.optTake.Visible());
+  EXPECT_EQ(form.CurrentMode(), frmAtom::Mode::Mark);
+}
+
+TEST_F(frmAtomTakeTest, AtTheEndAFormThatMarksStays) {
+  form.optMark.SetPressed(true);
+  form.EndTaking();
+  EXPECT_TRUE(form.Visible());
+  EXPECT_FALSE(form.optTake.Visible());
+}
+
+TEST_F(frmAtomTest, WithoutAFormThatTakesLinesThereIsNoSuchMode) {
+  Open();
+  EXPECT_FALSE(form.optTake.Visible());
+}
+
+TEST_F(frmAtomTest, WithoutTheTableALineCanNotBeTaken) {
+  store.there = false;
+  dialogs.ExpectMessage("can not find Atomic.mdb");
+  form.OpenToTake(0, [](const ElementEnergy&) { FAIL(); });
+  Press(kFe);
+  for (int kind = 0; kind < kLineKinds; ++kind) EXPECT_FALSE(form.tglPkDisp[kind].Enabled());
+}
+
 }  // namespace
 }  // namespace dorvane

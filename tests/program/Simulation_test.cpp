@@ -254,5 +254,29 @@ TEST(Simulation, LineOutsideTheChannelsIsLeftOut) {
   for (const SimulatedLine& line : Simulate(request).lines) EXPECT_TRUE(line.diffraction);
 }
 
+SimulationRequest Reference() {
+  SimulationRequest request;
+  request.fluorescence = {{"weak", 30, 0.1}, {"strong", 60, 0.4}};
+  request.strongest_counts = 1e5;
+  return request;
+}
+
+TEST(Simulation, WithoutACrystalTheLineOfTheGreatestShareHasTheCounts) {
+  const SimulatedSpectrum spectrum = Simulate(Reference());
+  ASSERT_EQ(spectrum.lines.size(), 2u);
+  EXPECT_NEAR(spectrum.lines[1].area, 1e5, 1e-6);
+  EXPECT_NEAR(spectrum.lines[0].height / spectrum.lines[1].height, 0.25, 1e-9);
+  EXPECT_EQ(spectrum.record.SampName.Text(), "");
+  EXPECT_FALSE(spectrum.pressure);
+}
+
+TEST(Simulation, WithoutACrystalThereHasToBeALineWithinTheChannels) {
+  SimulationRequest request = Reference();
+  request.fluorescence = {{"far", 900, 0.2}};
+  EXPECT_THROW(Simulate(request), Fault);
+  request.fluorescence.clear();
+  EXPECT_THROW(Simulate(request), Fault);
+}
+
 }  // namespace
 }  // namespace dorvane

@@ -167,6 +167,21 @@ TEST_F(GraphListTest, DeletingClosesTheGap) {
   EXPECT_EQ(workspace->DataUse[1], 0);
 }
 
+TEST_F(GraphListTest, RemovingClosesTheGapWithoutAQuestion) {
+  Add("a.npd");
+  Add("b.npd");
+  workspace->Slots[1].State = kRowUnsaved;
+  RemoveGraph(list, 0);
+  EXPECT_THAT(Titles(), ElementsAre("b.npd"));
+  EXPECT_EQ(workspace->DataUse[0], 0);
+  EXPECT_EQ(workspace->GrpCount, 1);
+}
+
+TEST_F(GraphListTest, RemovingFromAnEmptyListDoesNothing) {
+  RemoveGraph(list, 0);
+  EXPECT_TRUE(listener.notices.empty());
+}
+
 TEST_F(GraphListTest, DeletingFromAnEmptyListDoesNothing) {
   DeleteGraph(list, 0);
   EXPECT_TRUE(listener.notices.empty());

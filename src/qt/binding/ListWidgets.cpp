@@ -39,6 +39,46 @@ void FollowOptions(const OptionGroup& control, QButtonGroup* group) {
   group->setExclusive(true);
 }
 
+// Ascending.
+std::vector<int> SelectedRows(const QListWidget* list) {
+  std::vector<int> rows;
+  for (const QItemSelectionRange& range : list->selectionModel()->selection()) {
+    for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);
+  }
+  std::sort(rows.begin(), rows.end());
+  return rows;
+}
+
+// In one step, neighbours as one range: row by row a folder of thousands of files takes seconds.
+void SelectRows(QListWidget* list, const std::vector<int>& rows) {
+  QItemSelection selection;
+  for (std::size_t from = 0, end = 0; from < rows.size(); from = end) {
+    for (end = from + 1; end < rows.size() && rows[end] == rows[end - 1] + 1; ++end) {
+    }
+    selection.select(list->model()->index(rows[from], 0), list->model()->index(rows[end - 1], 0));
+  }
+  list->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+void FollowList(const ListBox& control, QListWidget* list) {
+  const QSignalBlocker quiet(list);
+  list->setSelectionMode(control.Several() ? QListWidget::ExtendedSelection
+                                           : QListWidget::SingleSelection);
+  const QStringList items = Texts(control.Items());
+  QStringList shown;
+  for (int i = 0; i < list->count(); ++i) shown << list->item(i)->text();
+  if (shown != items) {
+    list->clear();
+    list->addItems(items);
+  }
+  if (!control.Several()) {
+    if (list->currentRow() != control.Index()) list->setCurrentRow(control.Index());
+    return;
+  }
+  const std::vector<int> selected = control.Selected();
+  if (SelectedRows(list) != selected) SelectRows(list, selected);
+}
+
 }  // namespace
 
 QWidget* MakeOptionWidget(OptionGroup& control, QWidget* parent) {
@@ -74,6 +114,10 @@ QWidget* MakeComboWidget(ComboBox& control, QWidget* parent) {
       combo->clear();
       combo->addItems(items);
     }
+    const QStringList tips = Texts(control.ItemTips());
+    for (int i = 0; i < combo->count(); ++i) {
+      combo->setItemData(i, tips.value(i), Qt::ToolTipRole);
+    }
     combo->setCurrentIndex(control.Index());
   };
   Mirror(control, combo, follow);
@@ -87,20 +131,13 @@ QWidget* MakeComboWidget(ComboBox& control, QWidget* parent) {
 QWidget* MakeListWidget(ListBox& control, QWidget* parent) {
   auto* list = new QListWidget(parent);
   list->setUniformItemSizes(true);
-  const auto follow = [&control, list] {
-    const QSignalBlocker quiet(list);
-    const QStringList items = Texts(control.Items());
-    QStringList shown;
-    for (int i = 0; i < list->count(); ++i) shown << list->item(i)->text();
-    if (shown != items) {
-      list->clear();
-      list->addItems(items);
-    }
-    if (list->currentRow() != control.Index()) list->setCurrentRow(control.Index());
-  };
-  Mirror(control, list, follow);
-  QObject::connect(list, &QListWidget::currentRowChanged, list,
-                   [&control](int row) { control.SetIndex(row); });
+  Mirror(control, list, [&control, list] { FollowList(control, list); });
+  QObject::connect(list, &QListWidget::currentRowChanged, list, [&control](int row) {
+    if (!control.Several()) control.SetIndex(row);
+  });
+  QObject::connect(list, &QListWidget::itemSelectionChanged, list, [&control, list] {
+    if (control.Several()) control.SetSelected(SelectedRows(list));
+  });
   QObject::connect(list, &QListWidget::itemDoubleClicked, list,
                    [&control] { control.DoubleClick(); });
   for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {

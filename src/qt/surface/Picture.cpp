@@ -14,7 +14,7 @@
 #include <cstring>
 
 #include "qt/surface/Fonts.h"
-#include "qt/surface/PainterSurface.h"
+#include "qt/surface/PainterPage.h"
 #include "support/Fault.h"
 #include "support/NumberText.h"
 
@@ -29,19 +29,6 @@ constexpr int kLongestSide = 20000;
 // Of 0..100: the first step of compression. Higher ones cost several times as long for a few per
 // cent.
 constexpr int kFastPng = 80;
-
-class PainterPage : public Page {
- public:
-  PainterPage(QPainter& painter, const PictureSize& size) : painter_(painter), size_(size) {}
-  PictureSize Size() const override { return size_; }
-  std::unique_ptr<Surface> Panel(double x, double y, double width, double height) override {
-    return std::make_unique<PainterSurface>(painter_, QRectF(x, y, width, height));
-  }
-
- private:
-  QPainter& painter_;
-  PictureSize size_;
-};
 
 // `scale`: device pixels per pixel of the page, where the device doesn't know itself.
 void PaintOn(QPaintDevice& device, const PictureSize& size, double scale, const PaintPage& paint) {

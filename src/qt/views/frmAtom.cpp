@@ -121,7 +121,7 @@ void Kinds(frmAtom& form, FormWindow& window) {
 
 void Modes(frmAtom& form, FormWindow& window) {
   QHBoxLayout* row = FrameRow(window.Of(form.frmMode));
-  for (const ToggleButton* mode : {&form.optEdit, &form.optMark}) {
+  for (const ToggleButton* mode : {&form.optEdit, &form.optMark, &form.optTake}) {
     window.Of(*mode)->setMinimumSize(64, 28);
     row->addWidget(window.Of(*mode));
   }

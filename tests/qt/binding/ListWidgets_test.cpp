@@ -83,6 +83,34 @@ TEST_F(ListWidgets, ListIsChosenAndOpenedByTheUser) {
   EXPECT_EQ(*opened, 2);
 }
 
+TEST_F(ListWidgets, ListOfSeveralFollows) {
+  form.lstFiles.SetSeveral(true);
+  form.lstFiles.SetSelected({0, 2});
+  auto* list = Find<QListWidget>("lstFiles");
+  EXPECT_TRUE(list->item(0)->isSelected());
+  EXPECT_FALSE(list->item(1)->isSelected());
+  EXPECT_TRUE(list->item(2)->isSelected());
+}
+
+TEST_F(ListWidgets, SeveralAreChosenByTheUserWithControlAndShift) {
+  form.tabPages.SetIndex(1);
+  form.lstFiles.SetSeveral(true);
+  const auto clicks = Count(form.lstFiles.Click);
+  auto* list = Find<QListWidget>("lstFiles");
+  const auto click = [&](int row, Qt::KeyboardModifiers keys) {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, keys,
+                      list->visualItemRect(list->item(row)).center());
+  };
+  click(2, {});
+  click(0, Qt::ControlModifier);
+  EXPECT_EQ(form.lstFiles.Selected(), (std::vector{0, 2}));
+  EXPECT_EQ(*clicks, 2);
+  click(1, {});
+  EXPECT_EQ(form.lstFiles.Selected(), (std::vector{1}));
+  QTest::keyClick(list, Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(form.lstFiles.Selected(), (std::vector{1, 2}));
+}
+
 TEST_F(ListWidgets, TabsFollowAndAreChosen) {
   const auto clicks = Count(form.tabPages.Click);
   form.tabPages.SetIndex(1);
