@@ -18,8 +18,8 @@
 namespace dorvane {
 namespace {
 
-// Waiting for the disk takes longer than the work, and files that are flushed at the same time share
-// the wait, so that more of them than cores are under way.
+// Waiting for the disk takes longer than the work, and files that are flushed at the same time
+// share the wait, so that more of them than cores are under way.
 constexpr std::size_t kFilesAtOnce = 16;
 
 struct Job {

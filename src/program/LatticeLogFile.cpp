@@ -120,7 +120,7 @@ void SetResultDirectory(SettingsStore& settings, const std::string& directory) {
 }
 
 std::int16_t DataSave(FileLayer& files, Dialogs& dialogs, const std::string& directory,
-              const SummaryInput& input, std::string& tag) {
+                      const SummaryInput& input, std::string& tag) {
   tag = SummaryTag(input.sample.lattice_type, tag);
   const std::string text = CsvText(SummaryRecords(input, tag));
   try {

@@ -69,10 +69,10 @@ std::string ProposedResultName(const Workspace& workspace);
 std::string ResultDirectory(const SettingsStore& settings, const std::string& program_directory);
 void SetResultDirectory(SettingsStore& settings, const std::string& directory);
 
-// Writes the summary "LatticeFit.csv" into a directory that exists, replacing it in one step: -1. The
-// old file or none, "Open Error" and 0 where that fails. `tag` is the tag of the summary before,
-// empty at first.
+// Writes the summary "LatticeFit.csv" into a directory that exists, replacing it in one step: -1.
+// The old file or none, "Open Error" and 0 where that fails. `tag` is the tag of the summary
+// before, empty at first.
 std::int16_t DataSave(FileLayer& files, Dialogs& dialogs, const std::string& directory,
-              const SummaryInput& input, std::string& tag);
+                      const SummaryInput& input, std::string& tag);
 
 }  // namespace dorvane
