@@ -29,8 +29,8 @@ struct CalibWindows {
 };
 
 // Floats beside the main form, on whose graphs the user marks and fits peaks meanwhile; the main
-// form is in its calibration mode as long as the dialog is shown. The line table and the form of
-// the calibration stay from one opening to the next.
+// form is in its calibration mode as long as the dialog is shown. The line table stays from
+// one opening to the next.
 class frmDialogCalibC : public Form, public WorkspaceListener {
  public:
   // Columns of vaSpread1.

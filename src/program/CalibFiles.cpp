@@ -1,6 +1,7 @@
 #include "program/CalibFiles.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "files/SplitPath.h"
@@ -67,10 +68,22 @@ void CalibFiles::Open(const std::vector<std::string>& paths) {
   }
 }
 
+// A read empties the peak table of another spectrum than its own. Positions are taken from these
+// tables: the other spectra keep theirs, and a number that was in use before brings none along.
 bool CalibFiles::Read(File& file) {
-  const int row = NextRow(program_.workspace);
-  if (ReadGraph(program_, 0, row, file.path) != -1) return false;
-  file.data_no = program_.workspace.Slots[row].DataNo;
+  Workspace& workspace = program_.workspace;
+  const auto peaks_before = std::make_unique<decltype(workspace.Peaks)>(workspace.Peaks);
+  const auto use_before = workspace.DataUse;
+  for (int i = 0; i < kFreeSpectra; ++i) {
+    if (use_before[i] == 0) workspace.Peaks[i].Count = 0;
+  }
+  const int row = NextRow(workspace);
+  const bool read = ReadGraph(program_, 0, row, file.path) == -1;
+  for (int i = 0; i < kFreeSpectra; ++i) {
+    if (use_before[i] != 0) workspace.Peaks[i] = (*peaks_before)[i];
+  }
+  if (!read) return false;
+  file.data_no = workspace.Slots[row].DataNo;
   file.used = ++uses_;
   return true;
 }

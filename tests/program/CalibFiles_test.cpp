@@ -100,6 +100,18 @@ TEST_F(CalibFilesTest, ALaterNameIsReadInPlaceOfTheSpectrumLongestOutOfUse) {
   EXPECT_GE(calib.RowOf(0), 0);
 }
 
+TEST_F(CalibFilesTest, ASpectrumThatIsReadHasNoPeaksOfAnotherAndTheOthersKeepTheirs) {
+  calib.Open(Files(11));
+  const auto peaks = [this](int place) -> std::int16_t& {
+    return workspace.Peaks[Row(calib.RowOf(place)).DataNo].Count;
+  };
+  for (int place = 0; place < 10; ++place) peaks(place) = ToInt16(place + 1);
+  calib.Show(10);  // the first file makes way
+  EXPECT_EQ(calib.RowOf(0), -1);
+  EXPECT_EQ(peaks(10), 0);
+  for (int place = 1; place < 10; ++place) EXPECT_EQ(peaks(place), place + 1) << place;
+}
+
 TEST_F(CalibFilesTest, AnUnsavedGraphMakesNoRoom) {
   calib.Open(Files(11));
   workspace.Slots[0].State = kRowUnsaved;
