@@ -57,15 +57,20 @@ std::int16_t Calib_FitDel(Program& program) {
 
 std::int16_t Calib_SmothBk(Program& program) {
   if (!HoldsGraph(program.workspace, program.view.GraphNo)) return kFalse;
+  bool made = false;
   {
     const ExpansionActive window(program.view);
     SmoothGraph(program);
     BackGroundGraph(program);
-    Hide(program, 1);
-    Hide(program, 2);
+    // A list without three free rows has no place for the curves, and its rows are others' graphs.
+    made = FindRow(program.workspace, kTitleBackRemv) >= 0;
+    if (made) {
+      Hide(program, 1);
+      Hide(program, 2);
+    }
   }
   ChangeActiveWin(program.List(), kExpansion);
-  return kTrue;
+  return made ? kTrue : kFalse;
 }
 
 std::int16_t Calib_Auto(Program& program, std::int16_t mode,

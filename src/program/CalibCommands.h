@@ -18,7 +18,8 @@ std::int16_t Calib_FitDel(Program& program);
 
 // "Smoth&BkRemove": smooths the current spectrum and removes its background, in Expand mode with
 // window 1 as the active one. Rows 1 and 2, background and smoothed curve, are no longer shown; the
-// other rows stay as they are. Window 1 becomes the active one.
+// other rows stay as they are. Window 1 becomes the active one. 0, and nothing is hidden, where
+// there is no graph or no room for the three curves.
 std::int16_t Calib_SmothBk(Program& program);
 
 // Fits the peaks of the area cursor in the graph "BackRemv", split for a mode other than 0, and

@@ -36,6 +36,14 @@ TEST_F(CalibCommandsTest, SmoothingAndRemovalLeaveTheRemovedCurveAndTheRawOneInV
   EXPECT_EQ(view.CurWin, 1);
 }
 
+TEST_F(CalibCommandsTest, AListWithoutRoomForTheCurvesHidesNoOtherGraph) {
+  for (int i = 0; i < kRows; ++i) Show(TwoLines(), "ref" + std::to_string(i) + ".npd");
+  dialogs.ExpectMessage("ShiftGraph: List Over!");
+  dialogs.ExpectMessage("ShiftGraph: List Over!");
+  EXPECT_EQ(Calib_SmothBk(program), kFalse);
+  for (int row = 0; row < kRows; ++row) EXPECT_EQ(Row(row).Disp, kTrue) << row;
+}
+
 TEST_F(CalibCommandsTest, InExpandModeTheDerivedCurvesAreMadeForTheOtherWindow) {
   Show(TwoLines(), "ref.npd");
   ckbExpand_Click(program, true);
