@@ -33,7 +33,7 @@ frmPeakReport::frmPeakReport(Program& program, FormHost& host)
                  {"Peak(Ch)", UnitHeading(kUnitCh), "Intensity", "FWHM(Ch)", "FWHM(keV)",
                   "FWHM(dA)", "Amplitude", "Gauss%", "FitType"}),
       program_(program) {
-  for (const Column column : {kPeakCh, kIntensity, kFwhmCh, kGauss}) {
+  for (const Column column : {kPeakCh, kIntensity, kFwhmCh, kGaussPercent}) {
     sprPeakInf.SetEditableColumn(column, true);
   }
   sprPeakInf.Click.Connect([this](int row, int column) { sprPeakInf_Click(row, column); });
@@ -76,7 +76,7 @@ void frmPeakReport::ShowPeak(int row, const PeakRec& peak) {
   show(kFwhmKeV, ChToWidth(kUnitKeV, fwhm, source));
   show(kFwhmD, WidthInD(workspace, peak, source));
   show(kAmplitude, peak.Amplitude);
-  show(kGauss, peak.GaussRatio * kPercent);
+  show(kGaussPercent, peak.GaussRatio * kPercent);
   sprPeakInf.SetText(row, kFitType, EngineText(peak));
 }
 
@@ -113,7 +113,9 @@ PeakRec frmPeakReport::PeakOfRow(int row, const PeakRec& stored) const {
   if (changed(kFwhmCh, 2 * stored.HalfWidth)) peak.HalfWidth = number(kFwhmCh) / 2;
   // KEPT: the area is that of its cell and does not follow from the other three.
   if (changed(kAmplitude, stored.Amplitude)) peak.Amplitude = number(kAmplitude);
-  if (changed(kGauss, stored.GaussRatio * kPercent)) peak.GaussRatio = number(kGauss) / kPercent;
+  if (changed(kGaussPercent, stored.GaussRatio * kPercent)) {
+    peak.GaussRatio = number(kGaussPercent) / kPercent;
+  }
   peak.FitEngine = sprPeakInf.Text(row, kFitType) == kExpress ? kEngineExpress : kEngineNax;
   return peak;
 }

@@ -22,7 +22,7 @@ class frmPeakReport : public Form {
     kFwhmKeV,
     kFwhmD,
     kAmplitude,
-    kGauss,
+    kGaussPercent,
     kFitType
   };
 

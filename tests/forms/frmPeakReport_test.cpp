@@ -141,7 +141,7 @@ TEST_F(frmPeakReportTest, FourColumnsCanBeTyped) {
     if (form.sprPeakInf.EditableColumn(column)) editable.push_back(column);
   }
   EXPECT_THAT(editable, ElementsAre(frmPeakReport::kPeakCh, frmPeakReport::kIntensity,
-                                    frmPeakReport::kFwhmCh, frmPeakReport::kGauss));
+                                    frmPeakReport::kFwhmCh, frmPeakReport::kGaussPercent));
 }
 
 TEST_F(frmPeakReportTest, RowZeroIsMeantToStandForTheCurrentGraph) {
@@ -204,7 +204,7 @@ TEST_F(frmPeakReportTest, SetTakesTheFourTypedColumnsOver) {
     Type(1, frmPeakReport::kPeakCh, "111.25");
     Type(1, frmPeakReport::kIntensity, " 2E3 ");
     Type(1, frmPeakReport::kFwhmCh, "5");
-    Type(1, frmPeakReport::kGauss, "50");
+    Type(1, frmPeakReport::kGaussPercent, "50");
     form.cmdPkSet.Press();
   });
   EXPECT_EQ(Table(), expected);
