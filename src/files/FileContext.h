@@ -32,6 +32,12 @@ std::int16_t Guarded(FileContext& context, std::string_view message, Action&& ac
   }
 }
 
+// A count of a file, 0..limit, as it is; throws Fault(Subscript) outside of them.
+inline std::int16_t CheckedCount(std::int16_t count, int limit) {
+  if (count < 0 || count > limit) throw Fault(FaultCode::Subscript);
+  return count;
+}
+
 // The Yes/No box in front of replacing a file; No is the default.
 inline bool AskReplace(FileContext& context, std::string_view text) {
   Question question;

@@ -88,11 +88,6 @@ void VisitPeak(Visit visit, Peak& peak) {
   visit(kFitEngineAt, peak.FitEngine);
 }
 
-std::int16_t CheckedCount(std::int16_t count, int limit) {
-  if (count < 0 || count > limit) throw Fault(FaultCode::Subscript);
-  return count;
-}
-
 void ClearTexts(SpectrumRec& record) {
   record.MsuName.Clear();
   record.SampName.Clear();

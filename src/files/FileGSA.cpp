@@ -54,7 +54,7 @@ std::string BankLine(int channels, int records, const EgcCoef& egc) {
 }  // namespace
 
 ByteVector GsaImage(const ChannelBlock& block, const SpectrumRec& record) {
-  if (block.Count < 0 || block.Count > kMaxChannels) throw Fault(FaultCode::Subscript);
+  CheckedCount(block.Count, kMaxChannels);
   auto left = block.Used();
   // KEPT: the number of lines counts a last, cut line also where the channels fill theirs whole.
   const int records = block.Count / kCountsInLine + 1;

@@ -97,11 +97,6 @@ class CountLine {
   bool in_columns_ = false;
 };
 
-std::int16_t CheckedCount(std::int16_t count) {
-  if (count < 0 || count > kMaxChannels) throw Fault(FaultCode::Subscript);
-  return count;
-}
-
 // Reads the channel count and the counts; the reader is left at the first text line.
 void TakeCounts(LineReader& lines, ChannelBlock& block) {
   CountLine line("", 0);
@@ -113,7 +108,7 @@ void TakeCounts(LineReader& lines, ChannelBlock& block) {
       line = CountLine(lines.Next(), left);
     }
   };
-  block.Count = CheckedCount(Int16Of(next()));
+  block.Count = CheckedCount(Int16Of(next()), kMaxChannels);
   left = static_cast<std::size_t>(block.Count);
   for (std::int32_t& count : block.Used()) {
     count = Int32Of(next());
@@ -122,10 +117,6 @@ void TakeCounts(LineReader& lines, ChannelBlock& block) {
   // A count of eight digits and more runs into its neighbour; the counts are then too few or too
   // many.
   if (!line.Next().empty()) throw Fault(FaultCode::BadArgument);
-}
-
-std::string_view Piece(std::string_view text, std::size_t at, std::size_t size) {
-  return at < text.size() ? text.substr(at, size) : std::string_view();
 }
 
 void TakeNames(std::string_view line, SpectrumRec& record) {
@@ -183,7 +174,7 @@ void ParseRpt(std::span<const std::byte> image, ChannelBlock& block, SpectrumRec
 }
 
 ByteVector RptImage(const ChannelBlock& block, const SpectrumRec& record) {
-  CheckedCount(block.Count);
+  CheckedCount(block.Count, kMaxChannels);
   LineWriter text;
   text.Line({PictureRight(block.Count, "####0", 5)});
   for (auto left = block.Used(); !left.empty();) {

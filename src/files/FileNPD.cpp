@@ -105,10 +105,6 @@ std::string DateAndTime(const SpectrumRec& record) {
   return text;
 }
 
-std::string_view Piece(std::string_view text, std::size_t at, std::size_t size) {
-  return at < text.size() ? text.substr(at, size) : std::string_view();
-}
-
 // Times such as "9:05:03" come from other writers: a part of one digit gets a leading zero. A part
 // left blank keeps its two columns.
 std::string TimeDigits(std::string_view text) {
@@ -226,7 +222,7 @@ void ParseNpd(std::span<const std::byte> image, ChannelBlock& block, SpectrumRec
 }
 
 ByteVector NpdImage(const ChannelBlock& block, const SpectrumRec& record) {
-  if (block.Count < 0 || block.Count > kMaxChannels) throw Fault(FaultCode::Subscript);
+  CheckedCount(block.Count, kMaxChannels);
   LineWriter text;
   WriteHeader(text, record);
   const MeasProp& prop = record.Prop;

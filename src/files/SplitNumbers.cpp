@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "files/TextLines.h"
 #include "support/NumberText.h"
 
 namespace dorvane {
@@ -25,11 +26,6 @@ std::size_t Split(std::string_view text, std::string_view separators,
     }
   }
   return count;
-}
-
-// The `size` characters from `at`, less where the text ends.
-std::string_view Piece(std::string_view text, std::size_t at, std::size_t size) {
-  return at < text.size() ? text.substr(at, size) : std::string_view();
 }
 
 // The same, filled with blanks.

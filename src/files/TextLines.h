@@ -26,6 +26,11 @@ class LineReader {
   std::string_view rest_;
 };
 
+// The `size` characters from `at`, less where the text ends, none behind it.
+inline std::string_view Piece(std::string_view text, std::size_t at, std::size_t size) {
+  return at < text.size() ? text.substr(at, size) : std::string_view();
+}
+
 // The text behind the `commas`-th comma, trimmed; empty where the line has fewer.
 std::string_view BehindComma(std::string_view line, int commas = 1);
 
