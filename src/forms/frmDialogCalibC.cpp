@@ -182,7 +182,10 @@ void frmDialogCalibC::cmdFitDel_Click() {
 // Without a spectrum there is nothing to wait for: the button stays.
 void frmDialogCalibC::cmdSmothBk_Click() {
   std::int16_t result = kFalse;
-  Do([&](Program& program) { result = Calib_SmothBk(program); });
+  Do([&](Program& program) {
+    files_.MakeRoomForCurves();
+    result = Calib_SmothBk(program);
+  });
   if (result == kFalse) return;
   cmdSmothBk.SetEnabled(false);
   for (int mode = 0; mode < cmdAuto.Size(); ++mode) cmdAuto[mode].SetEnabled(true);

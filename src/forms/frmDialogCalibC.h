@@ -72,6 +72,7 @@ class frmDialogCalibC : public Form, public WorkspaceListener {
   void QueryClose() override { cmdCalbCan_Click(); }
 
   void SpectrumRemoved(int WinNo, int DataNo) override { files_.SpectrumRemoved(WinNo, DataNo); }
+  void CurveMade(int DataNo, int source) override { files_.CurveMade(DataNo, source); }
 
   MenuItem mnuFile{controls_, "mnuFile", "&File"};
   MenuItem mnuFileOpen{controls_, "mnuFileOpen", "File &Open...", &mnuFile};

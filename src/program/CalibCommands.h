@@ -14,6 +14,8 @@ namespace dorvane {
 
 // "Del Fit": removes the peaks of the area cursor, or the one at the cursor, without a question.
 // Window 1 becomes the active one, and the count axis is set anew.
+// KEPT: it clears as the command "Delete Peaks" does: with no fit in row 0 the graph there becomes
+// one, a reference spectrum too. A click on the spectrum's name in the dialog reads it again.
 std::int16_t Calib_FitDel(Program& program);
 
 // "Smoth&BkRemove": smooths the current spectrum and removes its background, in Expand mode with

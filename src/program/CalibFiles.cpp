@@ -13,6 +13,8 @@ namespace dorvane {
 namespace {
 
 constexpr const char* kTooMany = "Can not open more file (Max=20)";
+constexpr int kCurves = 4;  // smoothed, background, without background, fitted
+constexpr int kNone = -1;
 
 std::string NameOf(const std::string& path) {
   const PathParts parts = SplitPath(path);
@@ -25,11 +27,9 @@ int NextRow(const Workspace& workspace) {
   return row;
 }
 
-// Derived curves carry the record of their spectrum, but for the marks of what has been done.
-bool IsMadeOf(SpectrumRec curve, SpectrumRec source) {
-  curve.Prop.Flags = source.Prop.Flags = 0;
-  curve.SaveFlag = source.SaveFlag = 0;
-  return curve == source;
+int FreeNumbers(const Workspace& workspace) {
+  const auto& use = workspace.DataUse;
+  return static_cast<int>(std::count(use.begin(), use.end(), std::int16_t{0}));
 }
 
 }  // namespace
@@ -53,9 +53,7 @@ bool CalibFiles::HasPlace() const {
 }
 
 bool CalibFiles::HasRoom() const {
-  const auto& use = program_.workspace.DataUse;
-  return NextRow(program_.workspace) < kRows &&
-         std::any_of(use.begin(), use.end(), [](std::int16_t taken) { return taken == 0; });
+  return NextRow(program_.workspace) < kRows && FreeNumbers(program_.workspace) > 0;
 }
 
 void CalibFiles::Open(const std::vector<std::string>& paths) {
@@ -69,11 +67,13 @@ void CalibFiles::Open(const std::vector<std::string>& paths) {
 }
 
 // A read empties the peak table of another spectrum than its own. Positions are taken from these
-// tables: the other spectra keep theirs, and a number that was in use before brings none along.
+// tables: the other spectra keep theirs, and a number that was in use before brings none along. A
+// failed read leaves its number taken; here that would take the room of the files behind it.
 bool CalibFiles::Read(File& file) {
   Workspace& workspace = program_.workspace;
   const auto peaks_before = std::make_unique<decltype(workspace.Peaks)>(workspace.Peaks);
   const auto use_before = workspace.DataUse;
+  const std::int16_t count_before = workspace.GrpCount;
   for (int i = 0; i < kFreeSpectra; ++i) {
     if (use_before[i] == 0) workspace.Peaks[i].Count = 0;
   }
@@ -82,22 +82,39 @@ bool CalibFiles::Read(File& file) {
   for (int i = 0; i < kFreeSpectra; ++i) {
     if (use_before[i] != 0) workspace.Peaks[i] = (*peaks_before)[i];
   }
-  if (!read) return false;
+  if (!read) {
+    workspace.DataUse = use_before;
+    workspace.GrpCount = count_before;
+    return false;
+  }
   file.data_no = workspace.Slots[row].DataNo;
   file.used = ++uses_;
   return true;
 }
 
-void CalibFiles::MakeRoom() {
+int CalibFiles::LongestOutOfUse(int but_data_no) const {
   const Workspace& workspace = program_.workspace;
-  int oldest = -1;
+  int longest = kNone;
   for (int place = 0; place < Count(); ++place) {
     const int row = RowOf(place);
     if (row < 0 || workspace.Slots[row].State != kRowSaved) continue;
+    if (workspace.Slots[row].DataNo == but_data_no) continue;
     const auto used = [this](int each) { return files_[static_cast<std::size_t>(each)].used; };
-    if (oldest < 0 || used(place) < used(oldest)) oldest = place;
+    if (longest == kNone || used(place) < used(longest)) longest = place;
   }
-  if (oldest >= 0) RemoveGraph(program_.List(), RowOf(oldest));
+  return longest;
+}
+
+bool CalibFiles::MakeRoom(int but_data_no) {
+  const int place = LongestOutOfUse(but_data_no);
+  if (place != kNone) RemoveGraph(program_.List(), RowOf(place));
+  return place != kNone;
+}
+
+void CalibFiles::MakeRoomForCurves() {
+  for (int free = FreeNumbers(program_.workspace); free < kCurves; ++free) {
+    if (!MakeRoom(program_.view.DataNo)) return;
+  }
 }
 
 void CalibFiles::Show(int place) {
@@ -105,7 +122,7 @@ void CalibFiles::Show(int place) {
   const GraphList list = program_.List();
   File& file = files_[static_cast<std::size_t>(place)];
   if (RowOf(place) < 0) {
-    if (!HasRoom()) MakeRoom();
+    if (!HasRoom()) MakeRoom(kNone);
     if (HasRoom()) {
       Read(file);
     } else {
@@ -130,35 +147,42 @@ bool CalibFiles::Remove(int place) {
 }
 
 bool CalibFiles::RemoveAll() {
-  const bool open =
-      std::any_of(files_.begin(), files_.end(), [](const File& file) { return file.data_no >= 0; });
-  if (open && ConfirmUnsaved(program_.List()) != kFalse) return false;
-  while (!files_.empty()) {
-    const int row = RowOf(0);
-    if (row >= 0) {
-      const SpectrumRec record = program_.workspace.Spectra[files_.front().data_no];
-      RemoveGraph(program_.List(), row);
-      RemoveDerived(record);
-    }
-    files_.erase(files_.begin());
+  std::set<int> graphs = curves_;
+  for (const File& file : files_) {
+    if (file.data_no != kNone) graphs.insert(file.data_no);
   }
+  if (!graphs.empty() && ConfirmUnsaved(program_.List()) != kFalse) return false;
+  for (const int data_no : graphs) {
+    const int row = RowOfSpectrum(program_.workspace, data_no);
+    if (row >= 0) RemoveGraph(program_.List(), row);
+  }
+  files_.clear();
+  curves_.clear();
   return true;
 }
 
-void CalibFiles::RemoveDerived(const SpectrumRec& record) {
-  const Workspace& workspace = program_.workspace;
-  for (int row = kRows - 1; row >= 0; --row) {
-    const GraphSlot& slot = workspace.Slots[row];
-    if (slot.State == kRowEmpty || KindOf(slot.Title) == GraphKind::Raw) continue;
-    if (IsMadeOf(workspace.Spectra[slot.DataNo], record)) RemoveGraph(program_.List(), row);
+bool CalibFiles::IsOurs(int data_no) const {
+  return curves_.contains(data_no) ||
+         std::any_of(files_.begin(), files_.end(),
+                     [data_no](const File& file) { return file.data_no == data_no; });
+}
+
+void CalibFiles::Forget(int data_no) {
+  curves_.erase(data_no);
+  for (File& file : files_) {
+    if (file.data_no == data_no) file.data_no = kNone;
   }
 }
 
 void CalibFiles::SpectrumRemoved(int WinNo, int DataNo) {
-  if (!EndsGraph(program_.workspace, WinNo, DataNo)) return;
-  for (File& file : files_) {
-    if (file.data_no == DataNo) file.data_no = -1;
-  }
+  if (EndsGraph(program_.workspace, WinNo, DataNo)) Forget(DataNo);
+}
+
+// The graph is no longer the one that was read, also where its number stays.
+void CalibFiles::CurveMade(int DataNo, int source) {
+  const bool ours = IsOurs(source);
+  Forget(DataNo);
+  if (ours) curves_.insert(DataNo);
 }
 
 }  // namespace dorvane

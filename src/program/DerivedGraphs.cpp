@@ -68,6 +68,7 @@ void SmoothGraph(Program& program) {
   CopyToDestination(workspace, source, to.data_no, FlagSmooth);
   SmoothData(kind, workspace.Channels[to.data_no].Used());
   SetGraph(list, GetRealWinNo(list), to.row, to.data_no, kTitleSmooth);
+  list.listener.CurveMade(to.data_no, source);
   ShowRow(program, to.row);
 }
 
@@ -96,6 +97,7 @@ void BackGroundGraph(Program& program) {
   CopyToDestination(workspace, source, back.data_no, FlagBackGraund);
   workspace.Channels[back.data_no] = background;
   SetGraph(list, GetRealWinNo(list), back.row, back.data_no, kTitleBackGraund);
+  list.listener.CurveMade(back.data_no, source);
 
   if (source != difference.data_no) {
     workspace.Spectra[difference.data_no] = workspace.Spectra[source];
@@ -104,6 +106,7 @@ void BackGroundGraph(Program& program) {
   CopyToDestination(workspace, difference.data_no, difference.data_no, FlagBackRemv);
   workspace.Channels[difference.data_no] = removed;
   SetGraph(list, GetRealWinNo(list), difference.row, difference.data_no, kTitleBackRemv);
+  list.listener.CurveMade(difference.data_no, source);
   ShowRow(program, program.view.GraphNo);
 }
 

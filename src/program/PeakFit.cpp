@@ -212,6 +212,7 @@ void MakeFitGraph(Program& program, int source) {
   std::int16_t& flags = workspace.Spectra[to.data_no].Prop.Flags;
   flags = ToInt16(flags | FlagFit);
   workspace.Peaks[to.data_no] = workspace.Peaks[source];
+  list.listener.CurveMade(to.data_no, source);
   program.view.FitMade = kTrue;
   ShowRow(program, program.view.GraphNo);
 }
@@ -309,6 +310,7 @@ void DeletePeaks(Program& program) {
     CalcFitSpectrum(workspace, source, fit, -1, -1);
     workspace.Peaks[fit] = workspace.Peaks[source];
     SetGraph(list, workspace.Slots[0].WinNo, 0, fit, kTitleFit);
+    list.listener.CurveMade(fit, source);
   }
   ShowRow(program, grp_no);
 }

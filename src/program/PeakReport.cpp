@@ -55,6 +55,7 @@ void ReplacePeaks(Program& program, int win_no, int grp_no, PeakTable table) {
     CalcFitSpectrum(workspace, data_no, fit, -1, -1);
     workspace.Peaks[fit] = workspace.Peaks[data_no];
     SetGraph(program.List(), workspace.Slots[0].WinNo, 0, fit, kTitleFit);
+    program.Listener().CurveMade(fit, data_no);
   }
   if (changed) workspace.Slots[grp_no].State = kRowUnsaved;
   ShowRow(program, program.view.GraphNo);

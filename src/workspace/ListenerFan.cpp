@@ -32,6 +32,9 @@ void ListenerFan::SpectrumShown(int WinNo, int DataNo) {
 void ListenerFan::SpectrumRemoved(int WinNo, int DataNo) {
   Tell(&WorkspaceListener::SpectrumRemoved, WinNo, DataNo);
 }
+void ListenerFan::CurveMade(int DataNo, int source) {
+  Tell(&WorkspaceListener::CurveMade, DataNo, source);
+}
 void ListenerFan::GraphShown(int WinNo, int DataNo, bool shown) {
   Tell(&WorkspaceListener::GraphShown, WinNo, DataNo, shown);
 }

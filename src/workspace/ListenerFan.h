@@ -25,6 +25,7 @@ class ListenerFan : public WorkspaceListener {
   void SelectionRowCleared(int GrpNo) override;
   void SpectrumShown(int WinNo, int DataNo) override;
   void SpectrumRemoved(int WinNo, int DataNo) override;
+  void CurveMade(int DataNo, int source) override;
   void GraphShown(int WinNo, int DataNo, bool shown) override;
   void GraphRecolored(int WinNo, int DataNo, Color color) override;
   void FileRead(std::string_view path) override;

@@ -24,6 +24,9 @@ class WorkspaceListener {
   virtual void SelectionRowCleared(int /*GrpNo*/) {}            // GraphSel_Delete
   virtual void SpectrumShown(int /*WinNo*/, int /*DataNo*/) {}  // SetGraph: counts, colour
   virtual void SpectrumRemoved(int /*WinNo*/, int /*DataNo*/) {}
+  // A derived curve has been worked out of a spectrum, itself perhaps; its DataNo may have held
+  // another graph before.
+  virtual void CurveMade(int /*DataNo*/, int /*source*/) {}
   virtual void GraphShown(int /*WinNo*/, int /*DataNo*/, bool /*shown*/) {}
   virtual void GraphRecolored(int /*WinNo*/, int /*DataNo*/, Color) {}
 

@@ -5,6 +5,7 @@
 #include "forms/FormFixture.h"
 #include "processing/Units.h"
 #include "program/Cursor.h"
+#include "program/DerivedGraphs.h"
 #include "program/OpenSave.h"
 #include "program/PeakFixture.h"
 #include "program/StartEnd.h"
@@ -253,6 +254,19 @@ TEST_F(frmDialogCalibCTest, ExitClosesWhatTheDialogOpenedAndNoOther) {
   EXPECT_THAT(FileNames(), IsEmpty());
 }
 
+TEST_F(frmDialogCalibCTest, ExitClosesTheCurvesOfTheSpectraAndLeavesThoseOfOtherGraphs) {
+  ShowPeak(500, "own");
+  SmoothGraph(program);
+  form.Open();
+  chosen = {File("a.xbm"), File("b.xbm")};
+  form.cmdFileOpen.Press();
+  form.cmdSmothBk.Press();
+  form.sprdFileName.PressCell(2, 1);
+  form.cmdDelFile.Press();
+  form.cmdCalbCan.Press();
+  EXPECT_THAT(Titles(), ElementsAre("Smooth", "own.npd"));
+}
+
 TEST_F(frmDialogCalibCTest, ExitAsksForUnsavedDataAndStaysWhereItIsKept) {
   form.Open();
   chosen = {File("a.xbm")};
@@ -293,6 +307,19 @@ TEST_F(frmDialogCalibCTest, TheSmoothingButtonStaysOffUntilTheDialogIsOpenedAgai
   form.Open();
   EXPECT_TRUE(form.cmdSmothBk.Enabled());
   EXPECT_FALSE(form.cmdAuto[0].Enabled());
+}
+
+TEST_F(frmDialogCalibCTest, InAFullListTheOtherSpectraMakeRoomForTheCurvesAndComeBackByAClick) {
+  form.Open();
+  for (int i = 0; i < 10; ++i) chosen.push_back(File(std::to_string(i) + ".xbm"));
+  form.cmdFileOpen.Press();
+  form.cmdSmothBk.Press();
+  EXPECT_THAT(Titles(), ElementsAre("BackRemv", "BackGraund", "Smooth", "4.xbm", "5.xbm", "6.xbm",
+                                    "7.xbm", "8.xbm", "9.xbm"));
+  EXPECT_EQ(form.sprdFileName.MaxRows(), 10);
+  EXPECT_FALSE(form.cmdSmothBk.Enabled());
+  form.sprdFileName.PressCell(1, 1);
+  EXPECT_EQ(Row(view.GraphNo).Title, "0.xbm");
 }
 
 TEST_F(frmDialogCalibCTest, WithoutASpectrumTheSmoothingButtonStaysOn) {

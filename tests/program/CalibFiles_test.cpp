@@ -2,8 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include "program/CalibCommands.h"
 #include "program/DerivedGraphs.h"
 #include "program/OpenSave.h"
+#include "program/PeakFit.h"
 #include "program/ProgramFixture.h"
 
 namespace dorvane {
@@ -33,6 +35,14 @@ class CalibFilesTest : public ProgramTest {
     for (int i = 1; i <= count; ++i) paths.push_back(File(std::to_string(i) + ".xbm", i));
     return paths;
   }
+  // A peak of the current spectrum, in the area cursor.
+  void EnterPeak() {
+    PeakTable& peaks = workspace.Peaks[view.DataNo];
+    peaks.Count = 1;
+    peaks.Peaks[0].Center = 1.5;
+    view.AreaStart = 1;
+    view.AreaEnd = 2;
+  }
   std::string Current() const { return Row(view.GraphNo).Title; }
 
   CalibFiles calib{program};
@@ -51,6 +61,15 @@ TEST_F(CalibFilesTest, AFileThatCanNotBeReadTakesNoPlaceAndTheOthersGoOn) {
   const auto paths = Files(2);
   calib.Open({paths[0], folder.Path("data.ABC"), paths[1]});
   EXPECT_THAT(calib.Names(), ElementsAre("1.xbm", "2.xbm"));
+}
+
+TEST_F(CalibFilesTest, FilesThatCanNotBeReadUseUpNoRow) {
+  auto paths = Files(10);
+  for (int i = 0; i < 12; ++i) paths.insert(paths.begin(), folder.Path("data.ABC"));
+  calib.Open(paths);
+  EXPECT_THAT(Titles(), SizeIs(10));
+  EXPECT_EQ(calib.RowOf(9), 9);
+  EXPECT_EQ(workspace.GrpCount, 10);
 }
 
 TEST_F(CalibFilesTest, TenAreReadAndTheNextOnesOnlyNamed) {
@@ -195,6 +214,141 @@ TEST_F(CalibFilesTest, CurvesMadeOfTheFilesGoWithAllOfThemAndThoseOfOthersStay) 
   EXPECT_TRUE(calib.RemoveAll());
   EXPECT_THAT(Titles(), ElementsAre("Smooth", "own.npd"));
   EXPECT_EQ(workspace.Spectra[Row(0).DataNo].MsuName.Text(), "own");
+}
+
+TEST_F(CalibFilesTest, ACurveOfTheSameFileThatWasThereBeforeStays) {
+  const auto paths = Files(1);
+  ReadGraph(program, 0, 0, paths[0]);
+  SmoothGraph(program);
+  calib.Open(paths);
+  SmoothGraph(program);
+  EXPECT_THAT(Titles(), ElementsAre("Smooth", "Smooth", "1.xbm", "1.xbm"));
+  EXPECT_TRUE(calib.RemoveAll());
+  EXPECT_THAT(Titles(), ElementsAre("Smooth", "1.xbm"));
+}
+
+TEST_F(CalibFilesTest, CurvesOfAGraphOfTheUserStayThoughTheyAreMadeMeanwhile) {
+  const auto paths = Files(1);
+  Show({9, 9, 9}, "own.npd");
+  calib.Open(paths);
+  Change_cboGrphSel(list, 0, 0);
+  SmoothGraph(program);
+  EXPECT_TRUE(calib.RemoveAll());
+  EXPECT_THAT(Titles(), ElementsAre("Smooth", "own.npd"));
+}
+
+TEST_F(CalibFilesTest, CurvesMadeOfTheCurvesOfAFileGoToo) {
+  calib.Open(Files(1));
+  SmoothGraph(program);
+  BackGroundGraph(program);
+  MakeFitGraph(program, view.DataNo);
+  EXPECT_THAT(Titles(), ElementsAre("Fit", "BackRemv", "BackGraund", "Smooth", "1.xbm"));
+  EXPECT_TRUE(calib.RemoveAll());
+  EXPECT_THAT(Titles(), IsEmpty());
+}
+
+TEST_F(CalibFilesTest, CurvesOfADeletedFileGoWithTheRest) {
+  calib.Open(Files(1));
+  SmoothGraph(program);
+  EXPECT_TRUE(calib.Remove(0));
+  EXPECT_THAT(Titles(), ElementsAre("Smooth"));
+  EXPECT_TRUE(calib.RemoveAll());
+  EXPECT_THAT(Titles(), IsEmpty());
+}
+
+TEST_F(CalibFilesTest, CurvesOfAFileThatMadeWayGoWithTheRest) {
+  calib.Open(Files(11));
+  DeleteGraph(list, 9);
+  calib.Show(0);
+  SmoothGraph(program);
+  for (int place = 1; place < 9; ++place) calib.Show(place);
+  calib.Show(10);
+  EXPECT_EQ(calib.RowOf(0), -1);
+  EXPECT_EQ(Row(0).Title, "Smooth");
+  EXPECT_TRUE(calib.RemoveAll());
+  EXPECT_THAT(Titles(), IsEmpty());
+}
+
+TEST_F(CalibFilesTest, ACurveThatWasMovedToTheOtherWindowIsStillKnown) {
+  const auto paths = Files(1);
+  Show({9, 9, 9}, "own.npd");
+  SmoothGraph(program);
+  calib.Open(paths);
+  ChgValue_chkGrp(list, 1, 0, true);
+  SmoothGraph(program);
+  ChgValue_chkGrp(list, 1, 0, true);
+  EXPECT_TRUE(calib.RemoveAll());
+  EXPECT_THAT(Titles(), ElementsAre("Smooth", "own.npd"));
+}
+
+TEST_F(CalibFilesTest, CurvesAloneAskForUnsavedDataToo) {
+  calib.Open(Files(1));
+  SmoothGraph(program);
+  calib.Remove(0);
+  workspace.Slots[0].State = kRowUnsaved;
+  dialogs.ExpectQuestion(kUnsaved, false);
+  EXPECT_FALSE(calib.RemoveAll());
+  EXPECT_THAT(Titles(), ElementsAre("Smooth"));
+}
+
+// ---- a fit that takes the row of a file
+
+TEST_F(CalibFilesTest, DelFitTurnsTheFirstFilesGraphIntoAFitAsIsMeantAndAClickBringsItsCountsBack) {
+  calib.Open(Files(2));
+  EnterPeak();
+  EXPECT_EQ(Calib_FitDel(program), kTrue);
+  EXPECT_THAT(Titles(), ElementsAre("Fit", "2.xbm"));
+  EXPECT_THAT(CountsOf(Row(0).DataNo), ElementsAre(0, 0, 0));
+  EXPECT_EQ(calib.RowOf(0), -1);
+  calib.Show(0);
+  EXPECT_EQ(Current(), "1.xbm");
+  EXPECT_THAT(CountsOf(view.DataNo), ElementsAre(1, 2, 3));
+  dialogs.ExpectQuestion("File No Save.  Grp=2 (Do you Cansel?)", true);
+  EXPECT_TRUE(calib.RemoveAll());
+  EXPECT_THAT(Titles(), IsEmpty());
+}
+
+TEST_F(CalibFilesTest, AFitOfTheUsersGraphThatTookAFilesRowStays) {
+  const auto paths = Files(1);
+  calib.Open(paths);
+  Show({9, 9, 9}, "own.npd");
+  EnterPeak();
+  DeletePeaks(program);
+  dialogs.ExpectQuestion("File No Save.  Grp=2 (Do you Cansel?)", true);
+  calib.Open(paths);
+  EXPECT_TRUE(calib.RemoveAll());
+  EXPECT_THAT(Titles(), ElementsAre("Fit", "own.npd"));
+}
+
+// ---- room for curves
+
+TEST_F(CalibFilesTest, TheFilesLongestOutOfUseMakeRoomForTheFourCurvesOfTheCurrentGraph) {
+  calib.Open(Files(10));
+  calib.Show(0);
+  calib.MakeRoomForCurves();
+  EXPECT_EQ(Current(), "1.xbm");
+  EXPECT_THAT(Titles(), ElementsAre("1.xbm", "6.xbm", "7.xbm", "8.xbm", "9.xbm", "10.xbm"));
+  EXPECT_EQ(calib.Count(), 10);
+  EXPECT_EQ(Calib_SmothBk(program), kTrue);
+  calib.Show(1);
+  EXPECT_EQ(Current(), "2.xbm");
+}
+
+TEST_F(CalibFilesTest, WhereTheCurvesHaveRoomNoFileMakesWay) {
+  calib.Open(Files(6));
+  calib.MakeRoomForCurves();
+  EXPECT_THAT(Titles(), SizeIs(6));
+}
+
+TEST_F(CalibFilesTest, TheCurrentGraphMakesNoRoomForItsCurves) {
+  calib.Open(Files(2));
+  calib.Show(0);
+  for (int i = 0; i < 8; ++i) Show({1}, "own.npd");
+  Change_cboGrphSel(list, 0, 1);
+  calib.MakeRoomForCurves();
+  EXPECT_EQ(Current(), "2.xbm");
+  EXPECT_THAT(Titles(), SizeIs(9));
+  EXPECT_EQ(calib.RowOf(0), -1);
 }
 
 TEST_F(CalibFilesTest, WithoutFilesThereIsNothingToAsk) {

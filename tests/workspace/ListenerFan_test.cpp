@@ -42,6 +42,7 @@ void TellAll(WorkspaceListener& listener) {
   listener.SelectionRowCleared(3);
   listener.SpectrumShown(0, 4);
   listener.SpectrumRemoved(0, 5);
+  listener.CurveMade(5, 6);
   listener.GraphShown(1, 6, true);
   listener.GraphRecolored(1, 7, 0xFF);
   listener.FileRead("/data/a.npd");

@@ -27,6 +27,7 @@ class RecordingListener : public WorkspaceListener {
   void SelectionRowCleared(int row) override { Put("row cleared", row); }
   void SpectrumShown(int win, int data) override { Put("shown", win, data); }
   void SpectrumRemoved(int win, int data) override { Put("removed", win, data); }
+  void CurveMade(int data, int source) override { Put("made", data, source); }
   void GraphShown(int win, int data, bool shown) override { Put(shown ? "on" : "off", win, data); }
   void GraphRecolored(int win, int data, Color) override { Put("colour", win, data); }
   void FileRead(std::string_view path) override { PutPath("read", path); }
