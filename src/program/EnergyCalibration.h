@@ -79,8 +79,9 @@ double FittedEnergy(double index, const EgcCoef& coefficients, CalibForm form);
 CalibFit Calculate(CalibTable& table);
 
 // "Update": Calculate, then ImConst becomes the default calibration, whatever the fit's status,
-// and is stored with the table by SaveCalibData and in "syspara_a.xpr". Faults of PointsOf pass,
-// with nothing done.
+// and is stored with the table by SaveCalibData and in "syspara_a.xpr". Of the two files each is
+// written also where the other can't be, which has been told then. Faults of PointsOf pass, with
+// nothing done.
 CalibFit UpdateCalibration(Program& program, CalibTable& table);
 
 // Replaces "Calib_Data.txt" and tells its path: -1; "Open Error" and 0 where that fails.

@@ -394,6 +394,17 @@ TEST_F(EnergyCalibrationTest, ATableThatCannotBeWrittenIsToldAndTheParametersAre
   EXPECT_EQ(Stored(), table.ImConst);
 }
 
+TEST_F(EnergyCalibrationTest,
+       ParametersThatCannotBeWrittenAreToldAndTheCalibrationIsInUseAllTheSame) {
+  std::filesystem::create_directory(folder.Path("syspara_a.xpr"));
+  CalibTable table = TableOf(Fitted());
+  ExpectSaved();
+  dialogs.ExpectMessage("Para File Write (Open Error)");
+  UpdateCalibration(program, table);
+  EXPECT_EQ(workspace.DefaultProp.EGC, table.ImConst);
+  EXPECT_EQ(folder.Get("Calib_Data.txt"), CalibDataText(table));
+}
+
 // Every call of the file layer fails once, or the program dies there.
 TEST_F(EnergyCalibrationTest, UpdateWritesTheParametersWholeOrNotAtAllWhereverItFails) {
   for (const auto mode : {FailingFileLayer::Mode::FailingOnce, FailingFileLayer::Mode::FailingOn,
