@@ -23,6 +23,8 @@ class StatusPanel {
   void BeginLong();
   // A message or a question comes up: the line says what to do next, beside the bare text.
   void Tell(std::string_view message);
+  // The command is not done, for this reason.
+  void Refuse(std::string_view why) { lblHint.SetCaption(std::string(why)); }
   // What became of files during the command.
   void FileRead(std::string_view) { ++tried_; }
   void FileNotRead(std::string_view path);

@@ -2,7 +2,7 @@
 
 #include "files/FormatTable.h"
 #include "files/SplitPath.h"
-#include "forms/MenuTable.h"
+#include "forms/EnableRules.h"
 #include "processing/Units.h"
 #include "program/EditCrystalFile.h"
 #include "program/OpenSave.h"
@@ -13,6 +13,9 @@
 
 namespace dorvane {
 namespace {
+
+constexpr const char* kNotOpened =
+    "Not opened: leave the calibration by \"Exit\" first, or use its \"File Open\"";
 
 // A file that can't be looked at may still be there.
 bool IsGone(FileLayer& files, const std::string& path) {
@@ -80,8 +83,14 @@ bool frmDorvane::Form_KeyDown(FormKey key, KeyModifier modifier, Control* focuse
 }
 
 void frmDorvane::Drop(const std::vector<std::string>& paths) {
-  if (paths.empty()) return;
+  if (paths.empty() || !MayOpen()) return;
   work_.Do([&](Program&) { OpenBy([&](Program& program) { LoadData(program, paths); }); });
+}
+
+bool frmDorvane::MayOpen() {
+  const bool may = Allowed(program_, "menu", "mnuLoad");
+  if (!may) status.Refuse(kNotOpened);
+  return may;
 }
 
 void frmDorvane::OpenBy(const std::function<void(Program&)>& open) {
@@ -92,6 +101,7 @@ void frmDorvane::OpenBy(const std::function<void(Program&)>& open) {
 
 // A file that is gone leaves the list, after the message of its failed read.
 void frmDorvane::OpenRecent(const std::string& path) {
+  if (!MayOpen()) return;
   Drop({path});
   if (IsGone(program_.ports.files, path)) recent.Remove(path);
 }

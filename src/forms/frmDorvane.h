@@ -39,7 +39,8 @@ class frmDorvane : public Form, public WorkspaceListener {
   // True when the form has taken the key; `focused` is nullptr when no control has the focus.
   bool Form_KeyDown(FormKey key, KeyModifier modifier, Control* focused);
   // Files dropped on the form are opened in place of what is there. A range that shows the whole of
-  // the spectra before shows the whole of those after, as "LoadData" does.
+  // the spectra before shows the whole of those after, as "LoadData" does. While "LoadData" is off
+  // they are refused in the status line, as a recent file is.
   void Drop(const std::vector<std::string>& paths);
   // Closing asks as "Exit" does; the form itself never closes.
   void QueryClose() override;
@@ -101,6 +102,7 @@ class frmDorvane : public Form, public WorkspaceListener {
 
  private:
   void BindOwnCommands(Launcher& launcher);
+  bool MayOpen();
   void OpenBy(const std::function<void(Program&)>& open);
   void OpenRecent(const std::string& path);
   void Exit();

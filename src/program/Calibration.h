@@ -8,8 +8,8 @@
 
 namespace dorvane {
 
-// Around the calibration dialog: buttons that open, save, print, calibrate or index go off, and on
-// again; all others stay as they are.
+// Around the calibration dialog: buttons that open, save, print, calibrate or index go off, with
+// their menu entries, and on again; all others stay as they are.
 void EneCalStart(Program& program);
 void EneCalEnd(Program& program);
 

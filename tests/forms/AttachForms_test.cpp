@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 #include "forms/FakeElementStore.h"
 #include "forms/FakePrinter.h"
 #include "forms/MainFormFixture.h"
@@ -200,6 +202,51 @@ TEST_F(AttachCalibrationTest, WhileItIsOpenFiveButtonsAreOffAndTheOthersCanBeUse
   EXPECT_TRUE(form.tool_bars.tlbrFile.ButtonEnabled("LoadData"));
   EXPECT_TRUE(form.tool_bars.tlbrEnergy.ButtonEnabled("Calib"));
   EXPECT_TRUE(operation.ButtonEnabled("hkl"));
+}
+
+TEST_F(AttachCalibrationTest, WhatItSwitchesOffIsOffInTheMenuToo) {
+  AttachLattice(form, program, lattice);
+  ShowSpectrum();
+  const auto on = [this] {
+    std::vector<std::string> names;
+    for (const char* name : {"mnuLoad", "mnuSave", "mnuCons", "mnuLattice", "mnuCloseGraph"}) {
+      if (Menu(name).Enabled()) names.emplace_back(name);
+    }
+    return names;
+  };
+  EXPECT_THAT(on(), testing::SizeIs(5));
+  Menu("mnuCons").Choose();
+  EXPECT_THAT(on(), testing::ElementsAre("mnuCloseGraph"));
+  EXPECT_FALSE(Menu("mnuPrint").Enabled());
+  for (const char* name : {"mnuLoad", "mnuSave", "mnuPrint", "mnuLattice"}) Menu(name).Choose();
+  EXPECT_THAT(host.Shown(), testing::ElementsAre("frmDialogCalibC"));
+  calibration.cmdCalbCan.Press();
+  EXPECT_THAT(on(), testing::SizeIs(5));
+}
+
+TEST_F(AttachCalibrationTest, RecentAndDroppedFilesAreRefusedInTheStatusLine) {
+  constexpr const char* kRefused =
+      "Not opened: leave the calibration by \"Exit\" first, or use its \"File Open\"";
+  OpenFiles(1);
+  ShowSpectrum("own.npd");
+  Menu("mnuCons").Choose();
+  form.Drop({folder.Path("a.xbm")});
+  EXPECT_EQ(form.status.lblHint.Caption(), kRefused);
+  form.status.Begin();
+  Menu("mnuRecent_0").Choose();
+  EXPECT_EQ(form.status.lblHint.Caption(), kRefused);
+  EXPECT_THAT(Titles(), testing::ElementsAre("a.xbm", "own.npd"));
+  calibration.cmdCalbCan.Press();
+  form.Drop({folder.Path("a.xbm")});
+  EXPECT_THAT(Titles(), testing::ElementsAre("a.xbm"));
+}
+
+TEST_F(AttachCalibrationTest, ARecentFileThatIsRefusedStaysRecentAlsoWhereItIsGone) {
+  OpenFiles(1);
+  Menu("mnuCons").Choose();
+  std::filesystem::remove(folder.Path("a.xbm"));
+  Menu("mnuRecent_0").Choose();
+  EXPECT_THAT(form.recent.Paths(), testing::ElementsAre(folder.Path("a.xbm")));
 }
 
 TEST_F(AttachCalibrationTest, TheEndOfTheProgramEndsTheCalibrationModeToo) {
