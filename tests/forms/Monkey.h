@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -10,6 +11,7 @@
 
 #include "display/RecordingSurface.h"
 #include "forms/AtomInvariants.h"
+#include "forms/CalibInvariants.h"
 #include "forms/FormInvariants.h"
 #include "forms/LatticeInvariants.h"
 #include "forms/MonkeyHand.h"
@@ -57,6 +59,7 @@ class Monkey {
     if (!store_.OpenedInVain()) CheckGraphList(run_->graphs, *run_->program, wrong);
     CheckRegions(run_->regions, *run_->program, wrong);
     CheckAtom(run_->atom, *run_->program, run_->elements, wrong);
+    CheckCalibration(run_->calibration, run_->main, *run_->program, run_->ended, wrong);
     for (const std::string& note : happened_.notes) Tell("[" + note + "]");
     return wrong;
   }
@@ -66,16 +69,18 @@ class Monkey {
 
  private:
   // What users press most.
-  static constexpr std::array kCommon{
-      "LoadData",   "LoadData", "SaveData", "Smooth",    "BackGround", "MkIns",    "All",
-      "Fit",        "AllFit",   "MkDel",    "RoiAdd",    "RoiDel",     "JmpRight", "JmpLeft",
-      "AreaCursor", "AutoFit",  "Split",    "NaxAllFit", "Atom",       "hkl",      "CalcSpect"};
+  static constexpr std::array kCommon{"LoadData",  "LoadData", "SaveData",  "Smooth",  "BackGround",
+                                      "MkIns",     "All",      "Fit",       "AllFit",  "MkDel",
+                                      "RoiAdd",    "RoiDel",   "JmpRight",  "JmpLeft", "AreaCursor",
+                                      "AutoFit",   "Split",    "NaxAllFit", "Atom",    "hkl",
+                                      "CalcSpect", "Calib"};
 
   void Start() {
     if (dice_.OneIn(4)) files_.HarmParameters();
     run_.reset();
     run_ = std::make_unique<MonkeyRun>(
-        MonkeyRun::Outside{dialogs_, layer_, progress_, host_, launcher_, settings_, ears_},
+        MonkeyRun::Outside{dialogs_, layer_, progress_, host_, launcher_, settings_, ears_,
+                           [this] { return dialogs_.Offer(files_.SeveralToOpen()); }},
         files_.Path(""));
     run_->elements.Harm(dice_.Below(6));
     store_ = {};
@@ -84,6 +89,7 @@ class Monkey {
   }
 
   void Choose() {
+    if (run_->calibration.Visible() && dice_.OneIn(4)) return Work(run_->calibration);
     const int turn = dice_.Below(100);
     if (turn < 48) {
       Work(FrontForm());
@@ -99,8 +105,11 @@ class Monkey {
       Tell("close " + form.Name());
       if (&form != &run_->main || dice_.OneIn(4)) form.QueryClose();
     } else if (turn < 79) {
-      Tell("frmInput");
-      run_->input.ShowModal();
+      if (dice_.OneIn(2)) {
+        Tell("frmInput");
+        return run_->input.ShowModal();
+      }
+      OpenResultDirectory();
     } else if (turn < 81) {
       Paint();
     } else if (turn < 84) {
@@ -116,8 +125,9 @@ class Monkey {
 
   Form& FrontForm() {
     std::vector<Form*> open;
-    for (Form* form : std::initializer_list<Form*>{&run_->graphs, &run_->regions, &run_->log,
-                                                   &run_->keys, &run_->atom, &run_->atom.element}) {
+    for (Form* form :
+         std::initializer_list<Form*>{&run_->graphs, &run_->regions, &run_->log, &run_->keys,
+                                      &run_->atom, &run_->atom.element, &run_->calibration}) {
       if (form->Visible()) open.push_back(form);
     }
     if (open.empty() || dice_.OneIn(2)) return run_->main;
@@ -127,6 +137,7 @@ class Monkey {
   void Work(Form& form) {
     if (&form == &run_->lattice) return WorkLattice();
     if (&form == &run_->arithmetic) happened_.calculating = true;
+    if (&form == &run_->calibration) happened_.calibrating = true;
     std::vector<Control*> usable;
     for (Control* control : form.Controls().All()) {
       if (control->Enabled() && control->Visible()) usable.push_back(control);
@@ -178,6 +189,19 @@ class Monkey {
     lattice_.End(run_->lattice, *run_->program, happened_, !store_.OpenedInVain(), wrong);
   }
 
+  // A directory that is taken is there. Outside of the folder it is given back, so that nothing is
+  // written wherever the program is started.
+  void OpenResultDirectory() {
+    Tell("mnuResultDirectory");
+    const std::string here = files_.Path("");
+    const std::string before = ResultDirectory(settings_, here);
+    run_->main.menus.At("mnuResultDirectory").Choose();
+    const std::string after = ResultDirectory(settings_, here);
+    Expect(after == before || std::filesystem::is_directory(after), "a result directory is there",
+           wrong_);
+    if (!after.starts_with(here)) SetResultDirectory(settings_, "");
+  }
+
   // The elements of the table rather than any.
   void PressAtom() {
     frmAtom& atom = run_->atom;
@@ -195,7 +219,8 @@ class Monkey {
   // A command by its key, as a hand that knows where the button is.
   void Press(const std::string& key) {
     ToolBarsPanel& bars = run_->main.tool_bars;
-    for (ToolBar* bar : {&bars.tlbrFile, &bars.tlbrOperation, &bars.tlbrRoiPeak, &bars.tlbrRoi}) {
+    for (ToolBar* bar : {&bars.tlbrFile, &bars.tlbrEnergy, &bars.tlbrOperation, &bars.tlbrRoiPeak,
+                         &bars.tlbrRoi}) {
       if (!bar->ButtonEnabled(key)) continue;
       Tell("button " + key);
       return bar->Press(key);

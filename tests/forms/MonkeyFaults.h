@@ -92,12 +92,14 @@ inline bool HoldsPeakWhoseFitFaults(const Program& program) {
 // that no measurement gives, a peak whose fit faults, a smoothing that the parameter file has and
 // the program hasn't, an interval of the background that divides 8192 channels, borders of a peak
 // in the first channel, the fit and the borders of a typed peak that is no line; graph arithmetic
-// beyond 32 bits; a crystal library that can't be read.
+// beyond 32 bits; a cell of the calibration's table that is no number; a crystal library that can't
+// be read.
 inline bool IsStated(const Program& program, const Happened& happened, const std::string& box) {
   const auto is = [&box](FaultCode code) { return box.starts_with(FaultText(code)); };
   if (box.find(kLibraryName) != std::string::npos) {
     return !happened.library_whole || happened.files_unsure;
   }
+  if (is(FaultCode::NotANumber)) return happened.calibrating;
   if (is(FaultCode::FileNotFound) || is(FaultCode::FileFailed) || is(FaultCode::PermissionDenied)) {
     return happened.saving;
   }

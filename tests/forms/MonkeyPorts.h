@@ -27,6 +27,7 @@ struct Happened {
   bool saving = false;             // a file was chosen to save to
   std::string saved_to;            // its name in the folder
   bool calculating = false;        // the graph arithmetic was open
+  bool calibrating = false;        // the calibration dialog was worked
   bool files_unsure = false;       // a call of the file system may have failed
   bool library_whole = true;       // the crystal library is as it is meant to be
   int files_read = 0;
@@ -72,6 +73,10 @@ class MonkeyDialogs : public Dialogs {
     happened_.saved_to = files_.WithoutFolder(choice.path);
     Note("save", choice.path);
     return choice;
+  }
+  std::optional<std::string> ChooseDirectory(const std::string&) override {
+    if (dice_.OneIn(4)) return {};
+    return files_.Path(dice_.OneIn(4) ? "no_such_folder" : dice_.OneIn(2) ? "folder.xbm" : "");
   }
   std::optional<Color> ChooseColor(Color) override {
     if (dice_.OneIn(3)) return {};

@@ -1,11 +1,14 @@
 // One run of the program under a monkey, from its start to its end.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "forms/AttachForms.h"
 #include "forms/FakeElementStore.h"
+#include "forms/FakePrinter.h"
 #include "forms/frmDialogMessage.h"
 #include "forms/frmInput.h"
 #include "program/Program.h"
@@ -24,6 +27,7 @@ class MonkeyRun {
     Launcher& launcher;
     SettingsStore& settings;
     WorkspaceListener& ears;
+    std::function<std::vector<std::string>()> choose_files;  // in the calibration dialog
   };
 
   MonkeyRun(const Outside& outside, const std::string& directory)
@@ -41,6 +45,10 @@ class MonkeyRun {
         atom(*program, outside.host, elements, outside.settings, line_marks),
         arithmetic(*program, outside.host),
         lattice(*program, outside.host, outside.settings, line_marks),
+        result_directory(*program, outside.host, outside.settings),
+        load(*program, outside.host, folders),
+        curve(*program, outside.host, printer),
+        calibration(*program, outside.host, WindowsOfCalibration(outside)),
         message(outside.host),
         input(outside.host) {
     views.Add(line_marks);
@@ -48,11 +56,14 @@ class MonkeyRun {
     views.Add(graphs);
     views.Add(regions);
     views.Add(atom);
+    views.Add(calibration);
     AttachForms(main, graphs, regions, log, keys);
     AttachFitForms(main, *program, manual_fit, fit_input);
     AttachAtom(main, *program, atom);
     AttachArithmetic(main, arithmetic);
     AttachLattice(main, *program, lattice);
+    AttachResultDirectory(main, result_directory);
+    AttachCalibration(main, calibration);
     main.Ended.Connect([this] { ended = true; });
   }
 
@@ -70,9 +81,22 @@ class MonkeyRun {
   frmAtom atom;
   frmGrpCalc arithmetic;
   frmPeakCal lattice;
+  frmResultDirectory result_directory;
+  SystemFolders folders;
+  FakePrinter printer;
+  frmDialogLoad load;
+  frmCalibCurv curve;
+  frmDialogCalibC calibration;
   frmDialogMessage message;
   frmInput input;
   bool ended = false;
+
+ private:
+  CalibWindows WindowsOfCalibration(const Outside& outside) {
+    CalibWindows windows = CalibWindowsOf(*program, load, manual_fit, atom, curve);
+    windows.ChooseFiles = outside.choose_files;
+    return windows;
+  }
 };
 
 }  // namespace dorvane
