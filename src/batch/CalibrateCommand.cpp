@@ -6,6 +6,7 @@
 #include <ostream>
 
 #include "batch/BatchError.h"
+#include "batch/LineMatch.h"
 #include "batch/LineTable.h"
 #include "files/FilePara.h"
 #include "files/FormatTable.h"
@@ -19,7 +20,8 @@ namespace {
 struct FoundLine {
   KnownLine known;
   double expected = 0;               // channel number
-  const ListedPeak* peak = nullptr;  // none: nothing near enough
+  const ListedPeak* peak = nullptr;  // none: nothing near enough, or
+  bool lost = false;                 // nearer lines have what is
 };
 
 double ExpectedChannel(const KnownLine& line, const Analysis& analysis) {
@@ -31,26 +33,17 @@ double ExpectedChannel(const KnownLine& line, const Analysis& analysis) {
   return EnergyToCh(line.energy_kev, analysis.egc);
 }
 
-double Distance(const FoundLine& line) {
-  return std::abs(line.peak->channel - line.expected);
-}
-
-// Of two lines that claim one peak the nearer has it.
 std::vector<FoundLine> FindLines(const std::vector<KnownLine>& known, const Analysis& analysis,
                                  double within) {
+  std::vector<double> lines, peaks;
+  for (const KnownLine& line : known) lines.push_back(ExpectedChannel(line, analysis));
+  for (const ListedPeak& peak : analysis.peaks) peaks.push_back(peak.channel);
+  const std::vector<LineMatch> matches = MatchLines(lines, peaks, within);
   std::vector<FoundLine> found;
-  for (const KnownLine& line : known) {
-    FoundLine here{line, ExpectedChannel(line, analysis), nullptr};
-    for (const ListedPeak& peak : analysis.peaks) {
-      const double distance = std::abs(peak.channel - here.expected);
-      if (!(distance <= within)) continue;
-      if (here.peak == nullptr || distance < Distance(here)) here.peak = &peak;
-    }
-    for (FoundLine& other : found) {
-      if (here.peak == nullptr || other.peak != here.peak) continue;
-      (Distance(here) < Distance(other) ? other : here).peak = nullptr;
-    }
-    found.push_back(here);
+  for (std::size_t i = 0; i < known.size(); ++i) {
+    const LineMatch& match = matches[i];
+    const ListedPeak* peak = match.peak ? &analysis.peaks[*match.peak] : nullptr;
+    found.push_back({known[i], lines[i], peak, match.lost});
   }
   return found;
 }
@@ -136,9 +129,12 @@ void TellMissing(const std::vector<FoundLine>& lines, const CalibrateOptions& op
                  std::ostream& err) {
   for (const FoundLine& line : lines) {
     if (line.peak != nullptr) continue;
-    err << "dorvane-batch: " << options.file << ": no peak of its own within "
-        << PlainNumber(options.within) << " channels of " << Picture(line.expected, "0.0")
-        << " for " << PlainNumber(line.known.energy_kev) << " keV (--within)\n";
+    const std::string within =
+        " within " + PlainNumber(options.within) + " channels of " + Picture(line.expected, "0.0");
+    err << "dorvane-batch: " << options.file << ": " << PlainNumber(line.known.energy_kev)
+        << " keV: "
+        << (line.lost ? "nearer lines have the peaks" + within : "no peak" + within + " (--within)")
+        << '\n';
   }
 }
 
@@ -210,8 +206,8 @@ void AddCalibrate(CLI::App& app, CalibrateOptions& options) {
   calibrate->add_flag("--quiet", options.quiet, "Print nothing but errors");
 }
 
-int RunCalibrate(const CalibrateOptions& options, std::ostream& out, std::ostream& err) {
-  SystemFileLayer files;
+int RunCalibrate(FileLayer& files, const CalibrateOptions& options, std::ostream& out,
+                 std::ostream& err) {
   std::string at = options.lines;
   try {
     const std::vector<KnownLine> known = ParseLineTable(AsText(ReadFile(files, options.lines)));

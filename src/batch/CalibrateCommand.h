@@ -29,6 +29,7 @@ void AddCalibrate(CLI::App& app, CalibrateOptions& options);
 
 // Exit status: 0 calibrated, and stored where that was asked; 1 where a line has no peak (the
 // others are fitted and listed, nothing is stored) or the whole fails, told on `err`.
-int RunCalibrate(const CalibrateOptions& options, std::ostream& out, std::ostream& err);
+int RunCalibrate(FileLayer& files, const CalibrateOptions& options, std::ostream& out,
+                 std::ostream& err);
 
 }  // namespace dorvane

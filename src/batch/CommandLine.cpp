@@ -12,6 +12,7 @@
 #include "batch/InfoCommand.h"
 #include "batch/SimulateCommand.h"
 #include "files/FormatTable.h"
+#include "support/FileLayer.h"
 #include "support/NumberText.h"
 #include "support/Rounding.h"
 
@@ -159,7 +160,10 @@ int RunBatch(int argc, char** argv, std::ostream& out, std::ostream& err) {
     app.parse(argc, argv);
     if (app.got_subcommand("simulate")) return RunSimulate(simulate_options, out, err);
     if (app.got_subcommand("convert")) return RunConvert(convert_options, out, err);
-    if (app.got_subcommand("calibrate")) return RunCalibrate(calibrate_options, out, err);
+    if (app.got_subcommand("calibrate")) {
+      SystemFileLayer files;
+      return RunCalibrate(files, calibrate_options, out, err);
+    }
     if (app.got_subcommand("info")) return RunInfo(info_options, out, err);
     SettleAnalyse(analyse_texts, analyse_options);
     return RunAnalyse(analyse_options, argc, argv, out, err);

@@ -16,22 +16,60 @@ constexpr std::size_t kNoColumn = static_cast<std::size_t>(-1);
   throw BatchError("line " + std::to_string(line) + ": " + what);
 }
 
-std::string_view CutTo(std::string_view& text, char end) {
-  const auto at = text.find(end);
-  const std::string_view head = text.substr(0, at);
-  text.remove_prefix(at == std::string_view::npos ? text.size() : at + 1);
-  return Trim(head);
-}
+using Fields = std::vector<std::string>;
 
-std::vector<std::string_view> FieldsOf(std::string_view line) {
-  std::vector<std::string_view> fields;
-  while (!line.empty()) fields.push_back(CutTo(line, ','));
-  return fields;
-}
+// The rows of a comma-separated table as RFC 4180 has them: a field may stand in quotes, in which a
+// doubled quote is one and commas and line breaks are text. Blanks around a field do not count.
+class CsvRows {
+ public:
+  explicit CsvRows(std::string_view text) : rest_(text) {}
 
-std::string_view FieldAt(const std::vector<std::string_view>& fields, std::size_t column) {
-  return column < fields.size() ? fields[column] : std::string_view();
-}
+  // False behind the last row. Throws BatchError for quotes that do not fit.
+  bool Next(Fields& fields) {
+    if (rest_.empty()) return false;
+    line_ = next_line_;
+    fields.clear();
+    do {
+      fields.push_back(CutField());
+    } while (CutSeparator());
+    return true;
+  }
+  // Where the row begins, from 1.
+  int Line() const { return line_; }
+
+ private:
+  std::string_view Cut(std::size_t length) {
+    const std::string_view head = rest_.substr(0, length);
+    rest_.remove_prefix(head.size());
+    next_line_ += static_cast<int>(std::count(head.begin(), head.end(), '\n'));
+    return head;
+  }
+  std::string_view CutPlain() { return Trim(Cut(rest_.find_first_of(",\n"))); }
+  std::string CutField() {
+    Cut(std::min(rest_.find_first_not_of(" \t"), rest_.size()));
+    return rest_.starts_with('"') ? CutQuoted() : std::string(CutPlain());
+  }
+  std::string CutQuoted() {
+    std::string field;
+    for (bool doubled = true; doubled;) {
+      Cut(1);
+      const auto end = rest_.find('"');
+      if (end == std::string_view::npos) Fail(line_, "a quote is not closed");
+      field += Cut(end);
+      doubled = rest_.substr(1).starts_with('"');
+      if (doubled) field += Cut(1);
+    }
+    Cut(1);
+    if (!CutPlain().empty()) Fail(line_, "text behind a quoted field");
+    return field;
+  }
+  // True where a field follows in the row.
+  bool CutSeparator() { return Cut(1) == ","; }
+
+  std::string_view rest_;
+  int line_ = 0;
+  int next_line_ = 1;
+};
 
 struct Columns {
   std::size_t channel = kNoColumn;
@@ -39,8 +77,11 @@ struct Columns {
   std::size_t name = kNoColumn;
 };
 
-Columns ColumnsOf(std::string_view heading, int line) {
-  const std::vector<std::string_view> fields = FieldsOf(heading);
+std::string_view FieldAt(const Fields& fields, std::size_t column) {
+  return column < fields.size() ? std::string_view(fields[column]) : std::string_view();
+}
+
+Columns ColumnsOf(const Fields& fields, int line) {
   const auto find = [&](std::string_view title) {
     const auto at = std::find(fields.begin(), fields.end(), title);
     return at == fields.end() ? kNoColumn : static_cast<std::size_t>(at - fields.begin());
@@ -50,7 +91,7 @@ Columns ColumnsOf(std::string_view heading, int line) {
   return columns;
 }
 
-KnownLine LineOf(const std::vector<std::string_view>& fields, const Columns& columns, int line) {
+KnownLine LineOf(const Fields& fields, const Columns& columns, int line) {
   const auto number = [&](std::string_view field) {
     const auto value = ParseNumber(field);
     if (!value) Fail(line, "\"" + std::string(field) + "\" is no number");
@@ -62,6 +103,8 @@ KnownLine LineOf(const std::vector<std::string_view>& fields, const Columns& col
   known.energy_kev = number(FieldAt(fields, columns.energy));
   if (!(known.energy_kev > 0)) Fail(line, "the energy is not above 0");
   known.name = FieldAt(fields, columns.name);
+  std::erase(known.name, '\r');
+  std::replace(known.name.begin(), known.name.end(), '\n', ' ');
   return known;
 }
 
@@ -71,14 +114,14 @@ std::vector<KnownLine> ParseLineTable(std::string_view text) {
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   std::vector<KnownLine> lines;
   std::optional<Columns> columns;
-  for (int number = 1; !text.empty(); ++number) {
-    const std::string_view row = CutTo(text, '\n');
-    if (row.empty()) continue;
-    if (!columns) {
-      columns = ColumnsOf(row, number);
-      continue;
+  CsvRows rows(text);
+  for (Fields fields; rows.Next(fields);) {
+    if (fields == Fields{""}) continue;
+    if (columns) {
+      lines.push_back(LineOf(fields, *columns, rows.Line()));
+    } else {
+      columns = ColumnsOf(fields, rows.Line());
     }
-    lines.push_back(LineOf(FieldsOf(row), *columns, number));
   }
   if (lines.empty()) throw BatchError("no line of known energy");
   if (lines.size() > kMostCalibPoints) {

@@ -16,9 +16,10 @@ struct KnownLine {
 };
 
 // The rows of a table in UTF-8 with the column "energy_keV" and, if wanted, "channel" and "name",
-// in any order; other columns and blank lines are passed over, a channel may be left empty. Throws
-// BatchError, with the number of the line, where that is not so, for an energy that is not above 0,
-// and for no row or more than 30.
+// in any order; other columns and blank lines are passed over, a channel may be left empty. Fields
+// may be quoted as RFC 4180 has it; a line break in a name becomes a blank. Throws BatchError, with
+// the number of the line, where that is not so, for an energy that is not above 0, and for no row
+// or more than 30.
 std::vector<KnownLine> ParseLineTable(std::string_view text);
 
 }  // namespace dorvane

@@ -6,11 +6,15 @@
 
 #include "batch/BatchFixture.h"
 #include "batch/BatchPorts.h"
+#include "batch/CalibrateCommand.h"
+#include "files/FileNPD.h"
 #include "files/FilePara.h"
+#include "support/FailingFileLayer.h"
 
 namespace dorvane {
 namespace {
 
+using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -114,8 +118,7 @@ TEST_F(CalibrateTest, ALineWithoutAPeakIsToldAndNothingIsStored) {
   const BatchRun run = Calibrate({"--store"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.err,
-            "dorvane-batch: ref.npd: no peak of its own within 20 channels of 714.0 for 50 keV "
-            "(--within)\n");
+            "dorvane-batch: ref.npd: 50 keV: no peak within 20 channels of 714.0 (--within)\n");
   EXPECT_THAT(run.out, HasSubstr("8 of 9 lines"));
   EXPECT_FALSE(folder.Has("syspara_a.xpr"));
 }
@@ -125,9 +128,44 @@ TEST_F(CalibrateTest, OfTwoLinesThatClaimOnePeakTheNearerHasIt) {
   PutLines("88.0336,1260,near\n88.1,1265,far\n122.06065,,Co-57\n");
   const BatchRun run = Calibrate();
   EXPECT_EQ(run.status, 1);
-  EXPECT_THAT(run.err, HasSubstr("of 1265.0 for 88.1 keV"));
+  EXPECT_EQ(run.err,
+            "dorvane-batch: ref.npd: 88.1 keV: nearer lines have the peaks within 20 channels of "
+            "1265.0\n");
   PutLines("88.1,1265,far\n88.0336,1260,near\n122.06065,,Co-57\n");
   EXPECT_EQ(Calibrate().err, run.err);
+}
+
+// 73.9 keV lies at 1055.4, half way between the peaks of lead at 1039.8 and 1070.7.
+TEST_F(CalibrateTest, ALineThatLosesItsPeakTakesTheNextOne) {
+  Simulate();
+  PutLines("74.9693,,Pb Ka1\n73.9,,between\n88.0336,,Cd-109\n");
+  const BatchRun run = Calibrate();
+  EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.out, ContainsRegex("1070[.][67][0-9]* +74[.]9693 .*Pb Ka1\n"));
+  EXPECT_THAT(run.out, ContainsRegex("1039[.][78][0-9]* +73[.]9000 .*between\n"));
+}
+
+TEST_F(CalibrateTest, AFileWithoutCalibrationNeedsTheChannels) {
+  Simulate();
+  SpectrumRec record;
+  ChannelBlock block;
+  {
+    SystemFileLayer files;
+    CollectingDialogs dialogs;
+    std::int16_t last_data_type = 0;
+    FileContext context{files, dialogs, last_data_type};
+    ASSERT_EQ(ReadNpdFile(context, folder.Path("ref.npd"), block, record), kTrue);
+  }
+  record.Prop.EGC = {};
+  folder.Put("ref.npd", std::string(AsText(NpdImage(block, record))));
+  PutLines("88.0336,1257,a\n122.06065,,b\n");
+  EXPECT_EQ(Calibrate().err,
+            "dorvane-batch: ref.npd: the file has no calibration; the table has to give the "
+            "channel of 122.06065 keV\n");
+  PutLines("88.0336,1257,a\n122.06065,1743,b\n");
+  const BatchRun run = Calibrate();
+  EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.out, HasSubstr("2 of 2 lines"));
 }
 
 TEST_F(CalibrateTest, StoredCoefficientsAreTheDefaultCalibrationInFull) {
@@ -159,6 +197,48 @@ TEST_F(CalibrateTest, ABrokenParameterFileStaysAsItIs) {
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.err, "dorvane-batch: ref.npd: syspara_a.xpr: Para File Read (Open Error)\n");
   EXPECT_EQ(folder.Get("syspara_a.xpr"), "00 cut short");
+}
+
+// Every call of the file layer fails once, or from then on, or the program dies there.
+TEST_F(CalibrateTest, TheParameterFileIsWrittenWholeOrNotAtAllWhereverItFails) {
+  Simulate();
+  PutLines();
+  Calibrate({"--store"});
+  const std::string line = folder.Get("syspara_a.xpr");
+  CalibrateOptions options;
+  options.file = "ref.npd";
+  options.lines = "lines.csv";
+  options.form = CalibForm::Parabola;
+  options.store = "syspara_a.xpr";
+  Calibrate({"--quadratic", "--store", "other.xpr"});
+  const std::string parabola = folder.Get("other.xpr");
+  ASSERT_NE(line, parabola);
+  for (const auto mode : {FailingFileLayer::Mode::FailingOnce, FailingFileLayer::Mode::FailingOn,
+                          FailingFileLayer::Mode::Killing}) {
+    int n = 0;
+    for (bool hit = true; hit;) {
+      folder.Put("syspara_a.xpr", line);
+      SystemFileLayer files;
+      FailingFileLayer failing(files, ++n, mode);
+      std::ostringstream out, err;
+      int status = 1;
+      try {
+        status = RunCalibrate(failing, options, out, err);
+      } catch (const Killed&) {
+      }
+      hit = failing.Hit();
+      const std::string stored = folder.Get("syspara_a.xpr");
+      EXPECT_TRUE(stored == line || stored == parabola) << n;
+      if (status == 0) {
+        EXPECT_EQ(stored, parabola) << n;
+      }
+      EXPECT_EQ(status == 0, out.str().find("stored: ") != std::string::npos) << n;
+      if (mode != FailingFileLayer::Mode::Killing) {
+        EXPECT_EQ(status == 0, err.str().empty()) << n;
+      }
+    }
+    EXPECT_GT(n, 10);
+  }
 }
 
 TEST_F(CalibrateTest, NothingIsStoredUnasked) {
