@@ -232,6 +232,14 @@ TEST(Calculate, TheLineSetsTheThirdBoxTo0) {
   EXPECT_EQ(table.ImConst[2], 0);
 }
 
+// E = 1 + 2 x + 3 x^2 at the indices 0 to 2.
+TEST(Calculate, TheParabolaSetsAllThreeBoxesInTheOrderOfThePowers) {
+  CalibTable table = TableOf(Rows{{"1", "1", "", ""}, {"2", "6", "", ""}, {"3", "17", "", ""}},
+                             CalibForm::Parabola);
+  EXPECT_EQ(Calculate(table).status, kFitted);
+  for (int j = 0; j < 3; ++j) EXPECT_NEAR(table.ImConst[j], j + 1, kRounding) << j;
+}
+
 TEST(Calculate, AfterALineEnergyGoesBackToChannelByTheLinearBranch) {
   CalibTable table = TableOf(Fitted());
   Calculate(table);
@@ -307,6 +315,15 @@ TEST(CalibRows, DeletingARowMovesThoseBelowUp) {
   EXPECT_EQ(rows, (Rows{Fitted()[0], Fitted()[2], Fitted()[3], {}}));
 }
 
+TEST(CalibRows, TheFirstAndTheLastRowCanBeDeleted) {
+  Rows rows = Fitted();
+  DeleteCalibRow(rows, 0);
+  EXPECT_EQ(rows, (Rows{Fitted()[1], Fitted()[2], Fitted()[3], {}}));
+  rows = Fitted();
+  DeleteCalibRow(rows, 3);
+  EXPECT_EQ(rows, (Rows{Fitted()[0], Fitted()[1], Fitted()[2], {}}));
+}
+
 TEST(CalibRows, DeletingOutsideOfTheRowsDoesNothing) {
   Rows rows = Fitted();
   DeleteCalibRow(rows, -1);
@@ -349,6 +366,7 @@ TEST_F(EnergyCalibrationTest, UpdateCalculatesShowsAndStores) {
   EXPECT_EQ(Stored(), table.ImConst);
   EXPECT_EQ(listener.Count("calibration"), 1);
   EXPECT_EQ(listener.Count("axis"), 1);
+  EXPECT_EQ(listener.Count("cursor"), 1);  // the energy at the cursor
   EXPECT_EQ(folder.Get("Calib_Data.txt"), CalibDataText(table));
 }
 
@@ -446,6 +464,16 @@ TEST_F(EnergyCalibrationTest, ThePeakNearestToTheCursorIsTakenAsChannelNumberWit
   TakePeak(program, row);
   EXPECT_EQ(row, (CalibRow{"301.1234", "59.5409", "Am", "am241"}));
   EXPECT_EQ(view.CursorCh, 300);
+}
+
+TEST_F(EnergyCalibrationTest, APeakAtIndex0IsOne) {
+  const std::int16_t data_no = Show(std::vector<std::int32_t>(1000, 1));
+  workspace.Spectra[data_no].MsuName.Set("  am241 ");
+  workspace.Peaks[data_no].Count = 1;
+  CalibRow row;
+  TakePeak(program, row);
+  EXPECT_EQ(row.channel, "1.0000");
+  EXPECT_EQ(row.source, "am241");
 }
 
 TEST_F(EnergyCalibrationTest, WithoutAPeakTheChannelOfTheCursorIsTakenAndTheSourceStays) {
