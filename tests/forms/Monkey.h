@@ -60,6 +60,7 @@ class Monkey {
     CheckRegions(run_->regions, *run_->program, wrong);
     CheckAtom(run_->atom, *run_->program, run_->elements, wrong);
     CheckCalibration(run_->calibration, run_->main, *run_->program, run_->ended, wrong);
+    GiveResultDirectoryBack(wrong);
     for (const std::string& note : happened_.notes) Tell("[" + note + "]");
     return wrong;
   }
@@ -68,6 +69,7 @@ class Monkey {
   const Program& TheProgram() const { return *run_->program; }
 
  private:
+  static constexpr const char* kNoFolder = "no_such_folder";
   // What users press most.
   static constexpr std::array kCommon{"LoadData",  "LoadData", "SaveData",  "Smooth",  "BackGround",
                                       "MkIns",     "All",      "Fit",       "AllFit",  "MkDel",
@@ -80,12 +82,19 @@ class Monkey {
     run_.reset();
     run_ = std::make_unique<MonkeyRun>(
         MonkeyRun::Outside{dialogs_, layer_, progress_, host_, launcher_, settings_, ears_,
-                           [this] { return dialogs_.Offer(files_.SeveralToOpen()); }},
+                           [this] { return ReferenceFiles(); }},
         files_.Path(""));
     run_->elements.Harm(dice_.Below(6));
     store_ = {};
     run_->main.Show();
     run_->main.Form_Load(files_.Path(""));
+  }
+
+  // The program's own file dialog gives no empty name.
+  std::vector<std::string> ReferenceFiles() {
+    std::vector<std::string> paths = files_.SeveralToOpen();
+    std::erase(paths, files_.Path(""));
+    return dialogs_.Offer(paths);
   }
 
   void Choose() {
@@ -109,7 +118,8 @@ class Monkey {
         Tell("frmInput");
         return run_->input.ShowModal();
       }
-      OpenResultDirectory();
+      Tell("mnuResultDirectory");
+      run_->main.menus.At("mnuResultDirectory").Choose();
     } else if (turn < 81) {
       Paint();
     } else if (turn < 84) {
@@ -154,7 +164,7 @@ class Monkey {
     files_.PutLibrary();
     Tell(files_.LibraryWhole() ? "library" : "harmed library");
     happened_.library_whole = files_.LibraryWhole();
-    const std::string directory = dice_.OneIn(8) ? files_.Path("no_such_folder") : "";
+    const std::string directory = dice_.OneIn(8) ? files_.Path(kNoFolder) : "";
     SetResultDirectory(settings_, directory);
     if (!dice_.OneIn(4)) {
       const std::string path = files_.WithLines();
@@ -189,17 +199,13 @@ class Monkey {
     lattice_.End(run_->lattice, *run_->program, happened_, !store_.OpenedInVain(), wrong);
   }
 
-  // A directory that is taken is there. Outside of the folder it is given back, so that nothing is
-  // written wherever the program is started.
-  void OpenResultDirectory() {
-    Tell("mnuResultDirectory");
-    const std::string here = files_.Path("");
-    const std::string before = ResultDirectory(settings_, here);
-    run_->main.menus.At("mnuResultDirectory").Choose();
-    const std::string after = ResultDirectory(settings_, here);
-    Expect(after == before || std::filesystem::is_directory(after), "a result directory is there",
-           wrong_);
-    if (!after.starts_with(here)) SetResultDirectory(settings_, "");
+  // A directory that the dialog has taken is there. It is given back: the lattice form has those
+  // that it is judged by, and none outside of the folder.
+  void GiveResultDirectoryBack(Wrong& wrong) {
+    const std::string directory = ResultDirectory(settings_, files_.Path(""));
+    Expect(directory == files_.Path(kNoFolder) + "/" || std::filesystem::is_directory(directory),
+           "a result directory is there", wrong);
+    SetResultDirectory(settings_, "");
   }
 
   // The elements of the table rather than any.
