@@ -53,6 +53,7 @@ TEST_F(PeakReportTest, FirstGraphIsMeantToBecomeFitWhateverItShows) {
   ReplacePeaks(program, 0, 1, TableOf(1));
   EXPECT_THAT(Titles(), ElementsAre("Fit", "a.npd"));
   EXPECT_EQ(CountsOf(Row(0).DataNo)[20], 100);
+  EXPECT_EQ(listener.Count("made 0 1"), 1);  // of the spectrum in row 1
 }
 
 TEST_F(PeakReportTest, MeasuredCountsAreNotReplacedByTheirOwnPeaks) {
