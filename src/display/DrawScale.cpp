@@ -13,6 +13,9 @@
 namespace dorvane {
 namespace {
 
+constexpr int kLeastUnitDivisions = 4;
+constexpr int kMostUnitDivisions = 16;
+constexpr int kUnitDivisionWidth = 88;  // pixels that a label of the unit axis wants at least
 constexpr double kFontSize = 10;
 constexpr double kTickLength = 5;     // pixels
 constexpr double kLabelDistance = 2;  // pixels between tick and label, and around a page's texts
@@ -184,6 +187,12 @@ std::vector<UnitTick> UnitTicksOf(const Workspace& workspace, int data_no, int u
     ticks.push_back(std::move(tick));
   }
   return ticks;
+}
+
+int UnitDivisions(double width) {
+  int divisions = kMostUnitDivisions;
+  while (divisions > kLeastUnitDivisions && width / divisions < kUnitDivisionWidth) divisions /= 2;
+  return divisions;
 }
 
 void DrawUnitAxis(Surface& panel, const Workspace& workspace, int data_no, int unit, int divisions,

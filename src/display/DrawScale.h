@@ -58,6 +58,9 @@ int AxisUnit(const Workspace& workspace, int data_no, int unit);
 // below 1. Throws Fault(Subscript) for a DataNo outside 0..13.
 std::vector<UnitTick> UnitTicksOf(const Workspace& workspace, int data_no, int unit, int divisions,
                                   double width, double start, AxisMedium medium);
+// As many divisions as an axis so many pixels wide has room for: 4, 8 or 16, so that a division of
+// a whole spectrum is a round number of channels.
+int UnitDivisions(double width);
 // Draws on a panel as wide as the graph, whose upper edge is the axis: ticks, as many labels as
 // don't overlap, the first one first, and the unit's name: below the labels where there is room for
 // a second line, otherwise at the right end. The panel's x becomes the channel. Nothing is cleared.

@@ -67,6 +67,15 @@ void AttachPeakReport(frmDorvane& main, frmPeakReport& report) {
   main.Attach("Report", report, [&report] { report.Open(0); });
 }
 
+void AttachPrinting(frmDorvane& main, frmPrint& print, Printing& printing) {
+  main.Attach("Printer", print, [&printing] { printing.PrintWindow(); });
+}
+
+void AttachPicture(frmDorvane& main, frmPicture& picture) {
+  main.Attach("mnuSavePicture", picture, [&picture] { picture.Open(); });
+  main.commands.Bind("mnuCopyPicture", [&picture] { picture.Copy(); });
+}
+
 void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice) {
   main.Attach("hkl", lattice, [&program, &lattice] { lattice.Open(program.view.GraphNo); });
 }

@@ -1,6 +1,7 @@
 // Hangs the other forms below the commands of the main form that open them.
 #pragma once
 
+#include "forms/Printing.h"
 #include "forms/frmAtom.h"
 #include "forms/frmCalibCurv.h"
 #include "forms/frmDialogCalibC.h"
@@ -13,6 +14,7 @@
 #include "forms/frmManualFit.h"
 #include "forms/frmPeakCal.h"
 #include "forms/frmPeakReport.h"
+#include "forms/frmPicture.h"
 #include "forms/frmResultDirectory.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
@@ -44,6 +46,11 @@ void AttachArithmetic(frmDorvane& main, frmGrpCalc& arithmetic);
 
 // "Report" opens the peak report for the current graph.
 void AttachPeakReport(frmDorvane& main, frmPeakReport& report);
+
+// "Printer" asks and prints the window of the current graph, or shows the preview.
+void AttachPrinting(frmDorvane& main, frmPrint& print, Printing& printing);
+// The menu saves that window as a picture, or copies it.
+void AttachPicture(frmDorvane& main, frmPicture& picture);
 
 // "hkl" opens the lattice form for the current graph of `program`.
 void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice);

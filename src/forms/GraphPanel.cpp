@@ -7,6 +7,7 @@
 #include "forms/CursorPanel.h"
 #include "program/View.h"
 #include "program/WholeRange.h"
+#include "program/WindowContent.h"
 #include "workspace/Colors.h"
 
 namespace dorvane {
@@ -16,37 +17,6 @@ constexpr int kScrollEveryMs = 50;
 constexpr double kReachShare = 0.006;  // of the width: how near an edge is taken
 constexpr double kWheelZoom = 0.8;     // of the span, for one step
 constexpr double kScrollShare = 0.1;   // of the span, for one step
-
-// An expansion shows the graphs of the first window, which holds all graphs of a pile.
-bool ShowsRow(const Program& program, int win_no, const GraphSlot& slot) {
-  const ViewState& view = program.view;
-  const bool all = view.ExpandOn != kFalse || (view.PileUpOn != kFalse && win_no == 0);
-  return slot.State != kRowEmpty && (all || slot.WinNo == win_no);
-}
-
-bool ShowsGraph(const Program& program, int win_no) {
-  const auto& slots = program.workspace.Slots;
-  return std::any_of(slots.begin(), slots.end(),
-                     [&](const GraphSlot& slot) { return ShowsRow(program, win_no, slot); });
-}
-
-std::vector<ChannelRange> RegionsOf(const Program& program, int win_no) {
-  std::vector<ChannelRange> regions;
-  const RoiTable& table = program.workspace.Regions;
-  for (int i = 0; i < table.RoiCount; ++i) {
-    const RoiRec& region = table.Rois[i];
-    for (const GraphSlot& slot : program.workspace.Slots) {
-      if (slot.DataNo != region.DataNo || !ShowsRow(program, win_no, slot)) continue;
-      regions.push_back({true, region.Start, region.End, region.Color});
-    }
-  }
-  return regions;
-}
-
-// A window that does not pile up graphs keeps the height that it had.
-std::int32_t AxisHeight(const ViewScale& scale) {
-  return scale.YMode == kLogarithmic ? kLogDecades : scale.MaxY - scale.MinY;
-}
 
 void Scroll(Program& program, int steps) {
   SetStartCh(program, program.view.StartCh - steps * kScrollShare * program.view.SpanCh);
@@ -187,7 +157,7 @@ void GraphPanel::RedrawOverlays() {
 
 void GraphPanel::DrawGraph(int win_no, Surface& surface) const {
   DrawSpect& spect = work_.program.spect;
-  spect.SetDivisions(win_no, CountTicksOf(AxisHeight(spect.Scale(win_no))).Divisions);
+  spect.SetDivisions(win_no, CountTicksOf(AxisHeight(work_.program, win_no)).Divisions);
   spect.SetSurface(win_no, &surface);
   spect.Redraw(win_no);
   spect.SetSurface(win_no, nullptr);
@@ -201,7 +171,7 @@ void GraphPanel::DrawOverlay(int win_no, Surface& surface, CursorForm form) cons
 }
 
 void GraphPanel::DrawCountAxis(int win_no, Surface& panel) const {
-  dorvane::DrawCountAxis(panel, AxisHeight(work_.program.spect.Scale(win_no)), Ink());
+  dorvane::DrawCountAxis(panel, AxisHeight(work_.program, win_no), Ink());
   panel.SetScale(0, 0, 1, 1);
   panel.Box({1, 0}, {1, 1}, Ink(), 1);
 }
@@ -209,8 +179,7 @@ void GraphPanel::DrawCountAxis(int win_no, Surface& panel) const {
 void GraphPanel::DrawUnitAxis(int win_no, Surface& panel, int divisions) const {
   const Program& program = work_.program;
   const ViewScale& scale = program.spect.Scale(win_no);
-  const int row = std::max<int>(program.view.SelectedRow[win_no], 0);
-  dorvane::DrawUnitAxis(panel, program.workspace, program.workspace.Slots[row].DataNo,
+  dorvane::DrawUnitAxis(panel, program.workspace, AxisDataNo(program, win_no),
                         program.view.DispUnit, divisions, scale.WidthX, scale.StartX, Ink());
   panel.SetScale(0, 0, 1, 1);
   panel.Box({0, 0}, {1, 0}, Ink(), 1);

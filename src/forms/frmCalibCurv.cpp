@@ -40,10 +40,11 @@ void frmCalibCurv::DrawCurve(Surface& surface) const {
 }
 
 void frmCalibCurv::cmdPrint_Click() {
-  const bool printed = printer_.Print(Caption(), Orientation::Landscape, [this](Page& page) {
+  const bool printed = printer_.Print(Caption(), Orientation::Landscape, [this](Page& page, int) {
     CalibrationCurve curve = Curve();
     curve.memo = result_.memo;
     DrawCalibrationPlot(*page.Whole(), curve, kOnPaper);
+    return false;
   });
   if (!printed) program_.ports.dialogs.Message("Printer not ready");
 }

@@ -32,6 +32,20 @@ std::string PeakLine(const Workspace& workspace, const PeakRec& peak, const Meas
   return line + (peak.FitEngine != kEngineNax ? "E" : "N");
 }
 
+// "20040105" as "2004/01/05"; a date that isn't whole stays as it is.
+std::string DateText(const FixedText<8>& date) {
+  const std::string text = date.Text();
+  if (text.size() != 8) return text;
+  return text.substr(0, 4) + "/" + text.substr(4, 2) + "/" + text.substr(6);
+}
+
+// "093015" as "09:30:15"; the same for a time.
+std::string TimeText(const FixedText<6>& time) {
+  const std::string text = time.Text();
+  if (text.size() != 6) return text;
+  return text.substr(0, 2) + ":" + text.substr(2, 2) + ":" + text.substr(4);
+}
+
 }  // namespace
 
 std::string CellNumber(double value) {
@@ -55,6 +69,25 @@ PeakText BuildPeakLines(const Workspace& workspace, int data_no, int unit) {
     lines.peaks.push_back(PeakLine(workspace, table.Peaks[i], source, unit));
   }
   return lines;
+}
+
+std::array<PropLine, kPropLines> BuildPropLines(const Workspace& workspace, int data_no) {
+  const SpectrumRec& record = workspace.Spectra[data_no];
+  const MeasProp& prop = record.Prop;
+  return {{{"Measurement Name ", record.MsuName.Text()},
+           {"Sample Name      ", record.SampName.Text()},
+           {"Operation Date   ", DateText(record.OpDate)},
+           {"Start Time       ", TimeText(record.OpTime)},
+           {"Operater Name    ", record.OpName.Text()},
+           {"Comment          ", record.Memo.Text()},
+           {"Real Time (Sec)  ", Picture(prop.RealTime, "#####0.00")},
+           {"Live Time (Sec)  ", Picture(prop.LiveTime, "#####0.00")},
+           {"2θ (Deg)        ", Picture(prop.TwoTheta, "#0.00000")},
+           {"Pressure(GPa) ", Picture(prop.Press, "####0.000")},
+           {"Temperature(℃)  ", Picture(prop.Temp, "####0.000")},
+           {"Ion Chamber (mV) ", Picture(prop.MiriVolt, "####0.000")},
+           {"Ring Current (mA)     ", Picture(prop.Current, "####0.000")},
+           {"Count Rate (cps) ", Picture(prop.CntRate, "####0.000")}}};
 }
 
 }  // namespace dorvane

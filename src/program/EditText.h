@@ -1,6 +1,8 @@
-// The peak table of a spectrum as lines of text, for the CSV file and for a page.
+// The peak table and the properties of a spectrum as lines of text, for the CSV file and for a
+// page.
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -26,5 +28,17 @@ struct PeakText {
 // engine. Each number is filled with blanks to the digits of its picture before the point. The
 // calibration is the one that UseFileEgc picks.
 PeakText BuildPeakLines(const Workspace& workspace, int data_no, int unit);
+
+// UTF-8.
+struct PropLine {
+  std::string label;  // for a column of its own
+  std::string text;
+};
+constexpr int kPropLines = 14;
+
+// The measurement of a spectrum: names, date, comment, times, angle, pressure, temperature, ion
+// chamber, ring current and count rate. A date or a time that isn't whole is
+// shown as it stands.
+std::array<PropLine, kPropLines> BuildPropLines(const Workspace& workspace, int data_no);
 
 }  // namespace dorvane

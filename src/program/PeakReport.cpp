@@ -26,10 +26,6 @@ void Mark(Program& program, int win_no, int data_no, bool marked) {
   }
 }
 
-bool IsRaw(const GraphSlot& slot) {
-  return slot.State != kRowEmpty && KindOf(slot.Title) == GraphKind::Raw;
-}
-
 // Counts that were measured are not calculated anew from their own peaks.
 bool TakesCurve(const Workspace& workspace, int grp_no) {
   return HoldsGraph(workspace, 0) &&
@@ -62,10 +58,8 @@ void ReplacePeaks(Program& program, int win_no, int grp_no, PeakTable table) {
 }
 
 std::string ProposedReportName(const Workspace& workspace, int grp_no) {
-  const auto& slots = workspace.Slots;
-  const GraphSlot* raw = &slots[grp_no];
-  if (!IsRaw(*raw)) raw = std::find_if(slots.begin(), slots.end(), IsRaw);
-  if (raw == slots.end()) return kReportName;
+  const GraphSlot* raw = RawGraphOf(workspace, grp_no);
+  if (raw == nullptr) return kReportName;
   return raw->Title.substr(0, raw->Title.find('.')) + "_" + std::to_string(grp_no + 1) +
          kReportName;
 }

@@ -125,7 +125,12 @@ std::optional<FileChoice> QtDialogs::ChooseFileToSave(const FileRequest& request
   dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.overwrite_prompt);
   SelectFilter(dialog, request);
   if (request.overwrite_prompt) {  // it asks about the name with its extension
-    dialog.setDefaultSuffix(QFileInfo(WithExtension("a", dialog.nameFilters()[0])).suffix());
+    const auto take_suffix = [&dialog] {
+      const QString filter = dialog.nameFilters()[FilterIndexOf(dialog) - 1];
+      dialog.setDefaultSuffix(QFileInfo(WithExtension("a", filter)).suffix());
+    };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, take_suffix);
+    take_suffix();
   }
   dialog.resize(kFileDialogSize);
   ShowWholeColumns(dialog);

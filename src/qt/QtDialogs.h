@@ -27,8 +27,7 @@ class QtDialogs : public Dialogs {
   bool AskYesNo(const Question& question) override;
   // "All files" stands behind the filters of the request.
   std::optional<FilesChoice> ChooseFilesToOpen(const FileRequest& request) override;
-  // Where the dialog is to ask before it replaces, a name without an extension takes that of the
-  // first filter, whatever filter is chosen.
+  // A name without an extension takes that of the chosen filter.
   std::optional<FileChoice> ChooseFileToSave(const FileRequest& request) override;
   std::optional<std::string> ChooseDirectory(const std::string& start) override;
   std::optional<Color> ChooseColor(Color start) override;

@@ -49,6 +49,12 @@ Session::Session(const Places& places, SettingsStore& settings)
       atom(program, host, element_table, settings, line_marks),
       arithmetic(program, host),
       lattice(program, host, settings, line_marks),
+      printer(dialogs, files),
+      pictures(files),
+      print(program, host, settings),
+      preview(host),
+      printing(program, print, preview, printer),
+      picture(program, host, pictures, settings),
       peak_report(program, host),
       result_directory(program, host, settings),
       load(program, host, folders),
@@ -71,6 +77,8 @@ Session::Session(const Places& places, SettingsStore& settings)
   AttachArithmetic(main, arithmetic);
   AttachLattice(main, program, lattice);
   AttachPeakReport(main, peak_report);
+  AttachPrinting(main, print, printing);
+  AttachPicture(main, picture);
   AttachResultDirectory(main, result_directory);
   AttachCalibration(main, calibration);
   AddViews();
@@ -103,6 +111,9 @@ void Session::AddViews() {
   add(arithmetic);
   add(lattice);
   add(peak_report);
+  add(print);
+  add(preview);
+  add(picture);
   add(result_directory);
   add(load);
   add(load.new_path);

@@ -19,6 +19,9 @@
 #include "forms/frmManualFit.h"
 #include "forms/frmPeakCal.h"
 #include "forms/frmPeakReport.h"
+#include "forms/frmPicture.h"
+#include "forms/frmPreView.h"
+#include "forms/frmPrint.h"
 #include "forms/frmResultDirectory.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
@@ -27,6 +30,7 @@
 #include "qt/DesktopLauncher.h"
 #include "qt/Hourglass.h"
 #include "qt/QtDialogs.h"
+#include "qt/QtPictures.h"
 #include "qt/QtPrinter.h"
 #include "qt/StatusProgress.h"
 #include "qt/binding/QtFormHost.h"
@@ -74,10 +78,15 @@ class Session : public QObject {
   frmAtom atom;
   frmGrpCalc arithmetic;
   frmPeakCal lattice;
+  QtPrinter printer;
+  QtPictures pictures;
+  frmPrint print;
+  frmPreView preview;
+  Printing printing;
+  frmPicture picture;
   frmPeakReport peak_report;
   frmResultDirectory result_directory;
   SystemFolders folders;
-  QtPrinter printer;
   frmDialogLoad load;
   frmCalibCurv calibration_curve;
   frmDialogCalibC calibration;

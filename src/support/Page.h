@@ -26,5 +26,7 @@ class Page {
 };
 
 using PaintPage = std::function<void(Page&)>;
+// Paints page `page_no`, from 0, of a document; answers whether another one follows.
+using PaintPages = std::function<bool(Page&, int page_no)>;
 
 }  // namespace dorvane

@@ -120,6 +120,16 @@ GraphKind KindOf(std::string_view title) {
   return GraphKind::Raw;
 }
 
+const GraphSlot* RawGraphOf(const Workspace& workspace, int grp_no) {
+  const auto is_raw = [](const GraphSlot& slot) {
+    return slot.State != kRowEmpty && KindOf(slot.Title) == GraphKind::Raw;
+  };
+  const auto& slots = workspace.Slots;
+  if (is_raw(slots[grp_no])) return &slots[grp_no];
+  const auto raw = std::find_if(slots.begin(), slots.end(), is_raw);
+  return raw == slots.end() ? nullptr : &*raw;
+}
+
 const char* SuffixOf(GraphKind kind) {
   for (const KindRow& row : kKinds) {
     if (row.kind == kind) return row.suffix;

@@ -26,6 +26,9 @@ enum class GraphKind { Raw, Smooth, BackGraund, BackRemv, Fit };
 // Raw for any title that is none of the four keywords, the empty one included; exact and
 // case-sensitive.
 GraphKind KindOf(std::string_view title);
+// The measured graph behind a row: the row itself, else the first raw graph of the list; nullptr
+// where none is open.
+const GraphSlot* RawGraphOf(const Workspace& workspace, int grp_no);
 // "RAW", "SMT", "BAK", "RMD" or "FIT".
 const char* SuffixOf(GraphKind kind);
 

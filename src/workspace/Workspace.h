@@ -91,6 +91,7 @@ struct Workspace {
   // -1 from the first opening of frmManualFit until it is closed by its frame; hidden, it counts as
   // open.
   std::int16_t ManualFitOpen = 0;
+  std::int16_t DotSize = 0;  // of the curves on paper; 0 before it is first asked for
 };
 
 // The calibration source that UseFileEgc picks for a spectrum.

@@ -116,6 +116,42 @@ TEST_F(EditTextTest, EveryEngineButNaxIsE) {
   EXPECT_EQ(FirstPeak(kUnitCh).back(), 'E');
 }
 
+TEST_F(EditTextTest, PropertyBlockHasItsFourteenLinesInTheirPictures) {
+  SpectrumRec& record = workspace.Spectra[kData];
+  record.MsuName.Set("run 7");
+  record.SampName.Set("MgO");
+  record.OpDate.Set("20040105");
+  record.OpTime.Set("093015");
+  record.OpName.Set("K. S.");
+  record.Memo.Set("after heating");
+  record.Prop.RealTime = 300.014;
+  record.Prop.LiveTime = 287.5;
+  record.Prop.TwoTheta = 6.5116;
+  record.Prop.Press = 12.3456;
+  record.Prop.Temp = 25;
+  record.Prop.MiriVolt = 1.5;
+  record.Prop.Current = 450.25;
+  record.Prop.CntRate = 12345.6789;
+  std::vector<std::string> lines;
+  for (const PropLine& line : BuildPropLines(workspace, kData)) {
+    lines.push_back(line.label + "|" + line.text);
+  }
+  EXPECT_THAT(lines, ElementsAre("Measurement Name |run 7", "Sample Name      |MgO",
+                                 "Operation Date   |2004/01/05", "Start Time       |09:30:15",
+                                 "Operater Name    |K. S.", "Comment          |after heating",
+                                 "Real Time (Sec)  |300.01", "Live Time (Sec)  |287.50",
+                                 "2θ (Deg)        |6.51160", "Pressure(GPa) |12.346",
+                                 "Temperature(℃)  |25.000", "Ion Chamber (mV) |1.500",
+                                 "Ring Current (mA)     |450.250", "Count Rate (cps) |12345.679"));
+}
+
+TEST_F(EditTextTest, DateAndTimeThatAreNotWholeStandAsTheyAre) {
+  workspace.Spectra[kData].OpDate.Set("2004");
+  const auto lines = BuildPropLines(workspace, kData);
+  EXPECT_EQ(lines[2].text, "2004");
+  EXPECT_EQ(lines[3].text, "");
+}
+
 TEST(CellNumber, HasSevenSignificantDigitsAtMost) {
   EXPECT_EQ(CellNumber(0), "0");
   EXPECT_EQ(CellNumber(3), "3");

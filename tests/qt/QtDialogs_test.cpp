@@ -165,11 +165,12 @@ class FileDialogFilterTest : public testing::Test {
     request.filter_index = filter_index;
     return dialogs.ChooseFilesToOpen(request);
   }
-  std::optional<FileChoice> Save(int filter_index) {
+  std::optional<FileChoice> Save(int filter_index, bool overwrite_prompt = false) {
     dialogs.SetDirectory(QDir::tempPath());
     FileRequest request;
     request.filter = kSaveFilter;
     request.filter_index = filter_index;
+    request.overwrite_prompt = overwrite_prompt;
     return dialogs.ChooseFileToSave(request);
   }
 
@@ -209,6 +210,13 @@ TEST_F(FileDialogFilterTest, TheChosenFilterOfASaveIsAnsweredAndGivesItsExtensio
   EXPECT_EQ(selected, "Express File (*.xbm)");
   ASSERT_TRUE(choice.has_value());
   EXPECT_EQ(choice->filter_index, 4);
+  EXPECT_TRUE(choice->path.ends_with("/dorvane_no_such_file.csv")) << choice->path;
+}
+
+TEST_F(FileDialogFilterTest, WhereReplacingIsAskedTheChosenFilterGivesItsExtensionToo) {
+  Work("dorvane_no_such_file", "Excel File (*.csv)");
+  const auto choice = Save(3, true);
+  ASSERT_TRUE(choice.has_value());
   EXPECT_TRUE(choice->path.ends_with("/dorvane_no_such_file.csv")) << choice->path;
 }
 

@@ -4,6 +4,7 @@
 
 #include <QPrinterInfo>
 
+#include "support/ScriptedDialogs.h"
 #include "support/TemporaryFolder.h"
 
 namespace dorvane {
@@ -17,6 +18,12 @@ class QtPrinterTest : public testing::Test {
     printer.setPageSize(QPageSize(QPageSize::A4));
   }
   bool Print(const std::string& file, Orientation orientation, const PaintPage& paint) {
+    return PrintPages(file, orientation, [&](Page& page, int) {
+      paint(page);
+      return false;
+    });
+  }
+  bool PrintPages(const std::string& file, Orientation orientation, const PaintPages& paint) {
     printer.setOutputFileName(QString::fromStdString(folder.Path(file)));
     return PrintOn(printer, "Title", orientation, paint);
   }
@@ -51,10 +58,78 @@ TEST_F(QtPrinterTest, PrinterThatTakesNoDocumentIsNotReady) {
   EXPECT_FALSE(Print("missing/a.pdf", Orientation::Portrait, [](Page&) {}));
 }
 
-TEST(QtPrinter, WithoutAPrinterItIsNotReady) {
-  if (!QPrinterInfo::defaultPrinter().isNull()) GTEST_SKIP() << "there is a printer";
-  QtPrinter printer;
-  EXPECT_FALSE(printer.Print("Title", Orientation::Portrait, [](Page&) { FAIL(); }));
+int PagesOf(const std::string& pdf) {
+  int pages = 0;
+  const std::string mark = "/Type /Page\n";
+  for (auto at = pdf.find(mark); at != std::string::npos; at = pdf.find(mark, at + 1)) ++pages;
+  return pages;
+}
+
+TEST_F(QtPrinterTest, PagesArePaintedUntilNoOtherFollows) {
+  std::vector<int> painted;
+  ASSERT_TRUE(PrintPages("a.pdf", Orientation::Portrait, [&](Page&, int page_no) {
+    painted.push_back(page_no);
+    return page_no < 2;
+  }));
+  EXPECT_EQ(painted, (std::vector{0, 1, 2}));
+  EXPECT_EQ(PagesOf(folder.Get("a.pdf")), 3);
+}
+
+// Where the desktop has no printer.
+class NoPrinterTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!QPrinterInfo::defaultPrinter().isNull()) GTEST_SKIP() << "there is a printer";
+  }
+  static bool TwoPages(Page& page, int page_no) {
+    page.Whole()->Text({10, 10}, "text", Rgb(0, 0, 0));
+    return page_no < 1;
+  }
+
+  TemporaryFolder folder;
+  SystemFileLayer files;
+  ScriptedDialogs dialogs;
+  QtPrinter printer{dialogs, files};
+};
+
+TEST_F(NoPrinterTest, DocumentBecomesAPdfFileThatTheUserNames) {
+  dialogs.ExpectSave(folder.Path("b.pdf"));
+  EXPECT_TRUE(printer.Print("a.npd", Orientation::Landscape, TwoPages));
+  EXPECT_EQ(dialogs.LastRequest().file_name, "a.npd.pdf");
+  EXPECT_EQ(dialogs.LastRequest().filter, "PDF file (*.pdf)|*.pdf");
+  EXPECT_TRUE(dialogs.LastRequest().overwrite_prompt);
+  const std::string pdf = folder.Get("b.pdf");
+  EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
+  EXPECT_EQ(PagesOf(pdf), 2);
+  // A4 is 842 x 595 points.
+  EXPECT_NE(pdf.find("/MediaBox [0 0 842"), std::string::npos);
+}
+
+TEST_F(NoPrinterTest, CancelIsNoFailureAndPrintsNothing) {
+  dialogs.ExpectSave({});
+  EXPECT_TRUE(printer.Print("a.npd", Orientation::Portrait, [](Page&, int) {
+    ADD_FAILURE();
+    return false;
+  }));
+}
+
+TEST_F(NoPrinterTest, AFileThatCanNotBeWrittenIsNotReady) {
+  dialogs.ExpectSave(folder.Path("missing/b.pdf"));
+  EXPECT_FALSE(printer.Print("a.npd", Orientation::Portrait, TwoPages));
+}
+
+TEST_F(NoPrinterTest, PaintedPageHasTheSizeThatWasTold) {
+  for (const Orientation orientation : {Orientation::Portrait, Orientation::Landscape}) {
+    dialogs.ExpectSave(folder.Path("b.pdf"));
+    PictureSize painted;
+    printer.Print("a", orientation, [&](Page& page, int) {
+      painted = page.Size();
+      return false;
+    });
+    EXPECT_EQ(painted.width_px, printer.SheetSize(orientation).width_px);
+    EXPECT_EQ(painted.height_px, printer.SheetSize(orientation).height_px);
+    EXPECT_EQ(painted.width_px > painted.height_px, orientation == Orientation::Landscape);
+  }
 }
 
 }  // namespace

@@ -62,14 +62,20 @@ void RenderSvg(QBuffer& out, const PictureSize& size, const PaintPage& paint) {
   PaintOn(generator, size, 1, paint);
 }
 
-void RenderPdf(QBuffer& out, const PictureSize& size, const PaintPage& paint) {
+void RenderPdf(QBuffer& out, const PictureSize& sheet, int margin_px, const PaintPages& paint) {
   QPdfWriter writer(&out);
   writer.setResolution(kPdfDotsPerInch);
   writer.setPageSize(
-      QPageSize(QSizeF(size.width_px, size.height_px) * (kPointsPerInch / kPixelsPerInch),
+      QPageSize(QSizeF(sheet.width_px, sheet.height_px) * (kPointsPerInch / kPixelsPerInch),
                 QPageSize::Point, QString(), QPageSize::ExactMatch));
   writer.setPageMargins(QMarginsF());
-  PaintOn(writer, size, kPdfDotsPerInch / kPixelsPerInch, paint);
+  QPainter painter;
+  if (!painter.begin(&writer)) throw Fault(FaultCode::BadArgument);
+  painter.scale(kPdfDotsPerInch / kPixelsPerInch, kPdfDotsPerInch / kPixelsPerInch);
+  painter.translate(margin_px, margin_px);
+  PainterPage page(painter, {sheet.width_px - 2 * margin_px, sheet.height_px - 2 * margin_px, 1});
+  for (int page_no = 0; paint(page, page_no); ++page_no) writer.newPage();
+  painter.end();
 }
 
 void CheckSize(const PictureSize& size) {
@@ -80,6 +86,12 @@ void CheckSize(const PictureSize& size) {
   if (!fits(size.width_px) || !fits(size.height_px)) {
     throw Fault(FaultCode::BadArgument, "size of the picture");
   }
+}
+
+ByteVector BytesOf(const QByteArray& bytes) {
+  ByteVector out(static_cast<std::size_t>(bytes.size()));
+  std::memcpy(out.data(), bytes.constData(), out.size());
+  return out;
 }
 
 }  // namespace
@@ -127,13 +139,25 @@ ByteVector RenderPicture(PictureFormat format, const PictureSize& size, const Pa
       RenderSvg(buffer, size, paint);
       break;
     case PictureFormat::Pdf:
-      RenderPdf(buffer, size, paint);
+      RenderPdf(buffer, size, 0, [&](Page& page, int) {
+        paint(page);
+        return false;
+      });
       break;
   }
   buffer.close();
-  ByteVector out(static_cast<std::size_t>(bytes.size()));
-  std::memcpy(out.data(), bytes.constData(), out.size());
-  return out;
+  return BytesOf(bytes);
+}
+
+ByteVector RenderDocument(const PictureSize& sheet, int margin_px, const PaintPages& paint) {
+  CheckSize(sheet);
+  CheckSize({sheet.width_px - 2 * margin_px, sheet.height_px - 2 * margin_px, 1});
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  RenderPdf(buffer, sheet, margin_px, paint);
+  buffer.close();
+  return BytesOf(bytes);
 }
 
 void WritePicture(FileLayer& files, const std::string& path, const PictureSize& size,

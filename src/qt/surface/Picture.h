@@ -37,6 +37,10 @@ PictureFormat PictureFormatOf(const std::string& path);
 // 20000 pixels after scaling, else Fault(BadArgument). What `paint` throws passes.
 ByteVector RenderPicture(PictureFormat format, const PictureSize& size, const PaintPage& paint);
 
+// The complete PDF file of a document, its sheets of this size with a margin of so many pixels on
+// each side; the pages painted are what is left. Sides as above. What `paint` throws passes.
+ByteVector RenderDocument(const PictureSize& sheet, int margin_px, const PaintPages& paint);
+
 // RenderPicture into a file by its extension, replaced in one step. Throws the faults of both and
 // of ReplaceFile.
 void WritePicture(FileLayer& files, const std::string& path, const PictureSize& size,

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPointer>
 
+#include "display/DrawScale.h"
 #include "qt/binding/Layouts.h"
 #include "qt/binding/PictureView.h"
 #include "qt/binding/Text.h"
@@ -17,9 +18,7 @@ namespace {
 
 constexpr int kHeadHeight = 24;
 constexpr int kRightMargin = 12;
-constexpr int kTickAndGap = 8;      // pixels between an axis and its labels
-constexpr int kDivisionWidth = 88;  // pixels that a label of the unit axis wants at least
-constexpr int kMostDivisions = 16;
+constexpr int kTickAndGap = 8;  // pixels between an axis and its labels
 constexpr int kListWidth = 216;
 constexpr QSize kLeastGraph(160, 72);
 
@@ -28,13 +27,6 @@ QFontMetrics AxisMetrics(const QWidget* widget) {
   QFont font = widget->font();
   font.setPixelSize(13);
   return QFontMetrics(font);
-}
-
-// 4, 8 or 16 divisions, so that a division of a whole spectrum is a round number of channels.
-int DivisionsFor(double width) {
-  int divisions = kMostDivisions;
-  while (divisions > 4 && width / divisions < kDivisionWidth) divisions /= 2;
-  return divisions;
 }
 
 void DrawHint(QPainter& painter, const QRectF& rect, const QString& hint, const QColor& ink,
@@ -85,7 +77,7 @@ PictureView* UnitAxis(frmDorvane& form, FormWindow& window, int win_no) {
   view->setFixedHeight(kTickAndGap + 2 * AxisMetrics(view).height() + 4);
   view->SetPicture([&form, win_no](QPainter& painter, const QRectF& rect) {
     PainterSurface surface(painter, rect);
-    form.graphs.DrawUnitAxis(win_no, surface, DivisionsFor(rect.width()));
+    form.graphs.DrawUnitAxis(win_no, surface, UnitDivisions(rect.width()));
   });
   return view;
 }
