@@ -30,8 +30,8 @@ class frmPicture : public Form {
   void cmdCopy_Click();
   void cmdCan_Click() { Hide(); }
 
-  NumberBox imnWidth{controls_, "imnWidth", "##0.#", "Width (mm)"};
-  NumberBox imnHeight{controls_, "imnHeight", "##0.#", "Height (mm)"};
+  NumberBox imnWidth{controls_, "imnWidth", "##0.0", "Width (mm)"};
+  NumberBox imnHeight{controls_, "imnHeight", "##0.0", "Height (mm)"};
   NumberBox imnResolution{controls_, "imnResolution", "###0", "Dots per inch"};
   Label lblHint{controls_, "lblHint"};
   Button cmdSave{controls_, "cmdSave", "Save as.."};

@@ -144,8 +144,8 @@ TEST_F(PictureDialogTest, TheSizeUsedLastIsThatOfTheNextRun) {
 TEST_F(PictureDialogTest, ASizeOfAnotherProgramVersionThatIsNoneGivesTheStandard) {
   settings.SetTexts("PictureSize", {"x"});
   frmPicture next(program, host, pictures, settings);
-  EXPECT_EQ(next.imnWidth.Text(), "160");
-  EXPECT_EQ(next.imnHeight.Text(), "100");
+  EXPECT_EQ(next.imnWidth.Text(), "160.0");
+  EXPECT_EQ(next.imnHeight.Text(), "100.0");
   EXPECT_EQ(next.imnResolution.Text(), "300");
 }
 

@@ -154,6 +154,7 @@ class FileDialogFilterTest : public testing::Test {
       if (!other.isEmpty()) {
         filters->setCurrentIndex(filters->findText(other));
         QMetaObject::invokeMethod(filters, "activated", Q_ARG(int, filters->currentIndex()));
+        QMetaObject::invokeMethod(filters, "textActivated", Q_ARG(QString, other));
       }
       dialog->findChild<QLineEdit*>("fileNameEdit")->setText(name);
       QMetaObject::invokeMethod(dialog, "accept");
