@@ -534,6 +534,9 @@ TEST_F(frmDialogCalibCFitTest, UpdateCalculatesStoresShowsAndStaysOpen) {
   EXPECT_NEAR(workspace.DefaultProp.EGC[1], 0.5, kRounding);
   EXPECT_EQ(workspace.DefaultProp.EGC[2], 0);
   EXPECT_NEAR(EnergyToCh(5, workspace.DefaultProp.EGC), 8, 1e-9);
+  EXPECT_NEAR(form.ImConst[0].Value(), 1, kRounding);
+  EXPECT_NEAR(form.ImConst[1].Value(), 0.5, kRounding);
+  EXPECT_EQ(form.lblHint.Caption(), "3 lines, at most 0.0 eV off");
   EXPECT_GE(listener.Count("axis"), 1);
   EXPECT_TRUE(form.Visible());
   EXPECT_EQ(folder.Get("Calib_Data.txt"),
