@@ -10,8 +10,12 @@ add_custom_command(OUTPUT ${shipped_folder}/Atomic.db
   COMMAND ${SQLITE3_SHELL} -batch -bail ${shipped_folder}/Atomic.db ".read Atomic.sql"
   DEPENDS ${data_folder}/Atomic.sql ${data_folder}/element_lines.csv ${data_folder}/LICENSE.xraylib
   WORKING_DIRECTORY ${data_folder} VERBATIM)
-add_custom_command(OUTPUT ${shipped_folder}/crystal.dat
-  COMMAND ${CMAKE_COMMAND} -E make_directory ${shipped_folder}
-  COMMAND ${CMAKE_COMMAND} -E copy ${data_folder}/crystal.dat ${shipped_folder}/crystal.dat
-  DEPENDS ${data_folder}/crystal.dat VERBATIM)
-add_custom_target(shipped_files ALL DEPENDS ${shipped_folder}/Atomic.db ${shipped_folder}/crystal.dat)
+set(shipped_files ${shipped_folder}/Atomic.db)
+foreach(file crystal.dat ReadMe.txt)
+  add_custom_command(OUTPUT ${shipped_folder}/${file}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${shipped_folder}
+    COMMAND ${CMAKE_COMMAND} -E copy ${data_folder}/${file} ${shipped_folder}/${file}
+    DEPENDS ${data_folder}/${file} VERBATIM)
+  list(APPEND shipped_files ${shipped_folder}/${file})
+endforeach()
+add_custom_target(shipped_files ALL DEPENDS ${shipped_files})

@@ -5,6 +5,7 @@
 #include "files/FormatTable.h"
 #include "files/SplitPath.h"
 #include "forms/StatusHints.h"
+#include "program/Commands.h"
 #include "program/OpenSave.h"
 
 namespace dorvane {
@@ -55,6 +56,7 @@ void StatusPanel::FileNotRead(std::string_view path) {
 
 void StatusPanel::Tell(std::string_view message) {
   message_ = message;
+  if (message == kReadMeText) return lblHint.SetCaption(handbook_);
   lblHint.SetCaption(HintFor(message, work_.program.workspace));
 }
 

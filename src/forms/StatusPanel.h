@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "forms/Controls.h"
@@ -23,6 +24,8 @@ class StatusPanel {
   void BeginLong();
   // A message or a question comes up: the line says what to do next, beside the bare text.
   void Tell(std::string_view message);
+  // Where the handbook that "Help" names lies, a whole path; empty until it is set.
+  void SetHandbook(std::string path) { handbook_ = std::move(path); }
   // The command is not done, for this reason.
   void Refuse(std::string_view why) { lblHint.SetCaption(std::string(why)); }
   // What became of files during the command.
@@ -40,6 +43,7 @@ class StatusPanel {
   Label lblPeaks;  // "12 peaks, 12 fitted"
 
  private:
+  std::string handbook_;
   std::string message_;
   std::vector<std::string> unread_;
   int tried_ = 0;  // files that the command has read or tried to read

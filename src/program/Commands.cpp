@@ -84,7 +84,7 @@ void ToggleNorScale(Program& program) {
 }
 
 void Help(Program& program) {
-  program.ports.dialogs.Message("Please read 'ReadMe.txt'");
+  program.ports.dialogs.Message(kReadMeText);
 }
 void Version(Program& program) {
   program.ports.dialogs.CaptionedMessage("Dorvane Ver 1.2004.01.05",

@@ -10,6 +10,10 @@
 
 namespace dorvane {
 
+// The short handbook, which ships with the program, and how "Help" names it.
+inline constexpr std::string_view kReadMeFileName = "ReadMe.txt";
+inline constexpr std::string_view kReadMeText = "Please read 'ReadMe.txt'";
+
 struct Command {
   std::string_view
       key;  // what a tool bar button is called, or the name of a menu entry without a key

@@ -4,6 +4,7 @@
 #include <QPalette>
 #include <QProgressBar>
 
+#include "program/Commands.h"
 #include "program/StartEnd.h"
 #include "qt/ThemeIcon.h"
 #include "qt/binding/Text.h"
@@ -127,6 +128,7 @@ void Session::ConnectStatus() {
   connect(&progress, &StatusProgress::Long, this, [&status] { status.BeginLong(); });
   connect(&progress, &StatusProgress::Ended, this,
           [&status](bool stopped) { status.End(stopped); });
+  status.SetHandbook(places_.shipped + std::string(kReadMeFileName));
   dialogs.OnMessage([&status](std::string_view message) { status.Tell(message); });
 }
 

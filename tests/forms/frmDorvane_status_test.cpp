@@ -84,6 +84,12 @@ TEST_F(StatusLineTest, TheFirstStartIsExplained) {
   EXPECT_EQ(Hint(), "First start: the default settings are in use, and kept when the program ends");
 }
 
+TEST_F(StatusLineTest, HelpSaysWhereTheHandbookLies) {
+  form.status.SetHandbook("/programs/ReadMe.txt");
+  InACommand([this] { form.status.Tell("Please read 'ReadMe.txt'"); });
+  EXPECT_EQ(Hint(), "/programs/ReadMe.txt");
+}
+
 TEST_F(StatusLineTest, FileIsTheMeasurementsNameOrElseTheTitle) {
   const auto data_no = ShowSpectrum("a.npd");
   EXPECT_EQ(form.status.lblFile.Caption(), "a.npd");

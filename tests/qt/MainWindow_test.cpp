@@ -297,6 +297,8 @@ TEST_F(MainWindowTest, HelpShowsItsText) {
   const BoxAnswerer boxes;
   Trigger("mnuHelp");
   EXPECT_EQ(boxes.Texts(), QStringList("Please read 'ReadMe.txt'"));
+  EXPECT_EQ(StatusHint(), DORVANE_BINARY_DIR "/bin/ReadMe.txt");
+  EXPECT_TRUE(QFile::exists(StatusHint()));
 }
 
 TEST_F(MainWindowTest, WindowsBesideTheMainWindowOpenFromTheMenu) {
