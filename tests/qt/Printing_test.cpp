@@ -6,7 +6,9 @@
 #include <QRadioButton>
 
 #include "WindowTest.h"
-#include "forms/FakePrinter.h"
+#include "program/View.h"
+#include "program/WindowPage.h"
+#include "qt/surface/Picture.h"
 
 namespace dorvane {
 namespace {
@@ -77,12 +79,32 @@ TEST_F(PrintingTest, DotSizeIsTypedAndKept) {
     box->setFocus();
     box->selectAll();
     QTest::keyClicks(box, "3");
-    QTest::keyClick(box, Qt::Key_Tab);
-    QTest::keyClick(session->form_views.WindowOf(session->print)->focusWidget(), Qt::Key_Escape);
+    Press(session->print, "cmdCan");
     EXPECT_FALSE(session->print.Visible());
   });
   QTest::keyClick(&Window(), Qt::Key_P, Qt::ControlModifier);
   EXPECT_EQ(Store().DotSize, 3);
+}
+
+// Ten curves of 8192 noisy channels.
+TEST_F(PrintingTest, APageOfTenLongCurvesStaysBelow300Kilobytes) {
+  Program& program = session->program;
+  RemoveGraph(program.List(), 0);
+  for (int row = 0; row < kRows; ++row) {
+    const auto data_no = GetGraphSpace(program.List(), -1);
+    ChannelBlock& block = Store().Channels[data_no];
+    block.Count = kMaxChannels;
+    for (int i = 0; i < kMaxChannels; ++i) block.Counts[i] = 200 * row + i * 7919 % 61;
+    SetGraph(program.List(), 0, row, data_no, "a.npd");
+  }
+  SetSpanCh(program, kMaxChannels);
+  const WindowSheet sheet = *CurrentSheet(program);
+  const ByteVector pdf = RenderDocument({1123, 794, 1}, 57, [&](Page& page, int) {
+    DrawWindowSheet(program, sheet, page);
+    return false;
+  });
+  EXPECT_LT(pdf.size(), 300000u);
+  EXPECT_GT(pdf.size(), 50000u);
 }
 
 TEST_F(PrintingTest, PictureIsSavedInTheSizeThatWasTyped) {

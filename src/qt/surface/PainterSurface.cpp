@@ -16,6 +16,8 @@ namespace {
 
 constexpr double kDefaultPoints = 10;
 constexpr double kDotStroke = 0.01;
+constexpr double kFineRatio = 4;   // device pixels per pixel that can't be told apart
+constexpr double kFineSteps = 10;  // of a pixel, where they can
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
 
 QColor ToQColor(Color color, double opacity = 1) {
@@ -84,6 +86,11 @@ bool IsRaster(const QPainter& painter) {
 
 double PainterSurface::DeviceAxis::Snapped(double place) const {
   return FromDevice(std::round(ToDevice(place)));
+}
+
+double PainterSurface::DeviceAxis::Rounded(double place) const {
+  const double fine = ratio < kFineRatio ? kFineSteps : 1;
+  return FromDevice(std::round(ToDevice(place) * fine) / fine);
 }
 
 PainterSurface::PainterSurface(QPainter& painter, const QRectF& rect)
@@ -160,8 +167,9 @@ void PainterSurface::Lines(std::span<const Segment> segments, Color color) {
   // One path keeps files small, and joins what belongs together.
   QPainterPath path;
   for (const QLineF& part : lines_) {
-    if (path.isEmpty() || path.currentPosition() != part.p1()) path.moveTo(part.p1());
-    path.lineTo(part.p2());
+    const QPointF from = Rounded(part.p1());
+    if (path.isEmpty() || path.currentPosition() != from) path.moveTo(from);
+    path.lineTo(Rounded(part.p2()));
   }
   painter_.setBrush(Qt::NoBrush);
   painter_.drawPath(path);
@@ -207,14 +215,40 @@ void PainterSurface::DotsIntoImage(std::span<const Point> points, Color color) {
 }
 
 // Round ends of strokes next to nothing long: the shortest form in a file.
+// The dots of a column, at column_dots_, as strokes; dots that touch make one stroke.
+void PainterSurface::AddDots(double x, QPainterPath& path) {
+  std::sort(column_dots_.begin(), column_dots_.end());
+  const double at = device_x_.Rounded(x);
+  std::size_t first = 0;
+  for (std::size_t i = 1; i <= column_dots_.size(); ++i) {
+    if (i < column_dots_.size() && column_dots_[i] - column_dots_[i - 1] <= line_width_) continue;
+    const double top = device_y_.Rounded(column_dots_[first]);
+    const double bottom = device_y_.Rounded(column_dots_[i - 1]);
+    path.moveTo(at, top);
+    path.lineTo(at, std::max(bottom, top + kDotStroke));
+    first = i;
+  }
+}
+
+// A page holds so many dots that each of them apart would make most of its file. Those in a column
+// of half of their width are drawn in its middle.
 void PainterSurface::DotsAsPath(std::span<const Point> points, Color color) {
   QPainterPath path;
+  const double column_width = line_width_ / 2;
+  const auto column_of = [&](const QPointF& place) { return std::floor(place.x() / column_width); };
+  const auto add = [&](double column) {
+    AddDots((column + 0.5) * column_width, path);
+    column_dots_.clear();
+  };
+  double column = 0;
   for (const Point& point : points) {
     const QPointF place = At(point);
     if (!rect_.contains(place)) continue;
-    path.moveTo(place);
-    path.lineTo(place.x() + kDotStroke, place.y());
+    if (!column_dots_.empty() && column_of(place) != column) add(column);
+    column = column_of(place);
+    column_dots_.push_back(place.y());
   }
+  if (!column_dots_.empty()) add(column);
   painter_.setRenderHint(QPainter::Antialiasing, true);
   const ClippedTo clip(painter_, rect_);
   painter_.strokePath(path, QPen(ToQColor(color), line_width_, Qt::SolidLine, Qt::RoundCap));

@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QLineF>
 #include <QPainter>
+#include <QPainterPath>
 #include <QRectF>
 #include <vector>
 
@@ -51,6 +52,8 @@ class PainterSurface : public Surface {
     double ToDevice(double place) const { return place * ratio + offset; }
     double FromDevice(double pixel) const { return (pixel - offset) / ratio; }
     double Snapped(double place) const;
+    // On a raster too fine to be seen, so that numbers in files are short.
+    double Rounded(double place) const;
   };
   struct Interval {
     double from;
@@ -60,6 +63,10 @@ class PainterSurface : public Surface {
   bool ClippedLine(const Segment& segment, QLineF& line) const;
   void DotsIntoImage(std::span<const Point> points, Color color);
   void DotsAsPath(std::span<const Point> points, Color color);
+  void AddDots(double x, QPainterPath& path);
+  QPointF Rounded(const QPointF& place) const {
+    return {device_x_.Rounded(place.x()), device_y_.Rounded(place.y())};
+  }
   QPointF At(const Point& point) const { return {x_.At(point.x), y_.At(point.y)}; }
 
   QPainter& painter_;
@@ -73,7 +80,9 @@ class PainterSurface : public Surface {
   double font_points_ = 0;
   QFont font_;
   QFontMetricsF metrics_;
-  std::vector<QLineF> lines_;  // kept between calls for its room
+  // Kept between calls for their room.
+  std::vector<QLineF> lines_;
+  std::vector<double> column_dots_;
 };
 
 }  // namespace dorvane

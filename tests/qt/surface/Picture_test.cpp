@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <algorithm>
 #include <string>
 
 #include "qt/surface/GuiFixture.h"
@@ -85,6 +86,25 @@ TEST_F(PictureTest, AnSvgKeepsACurveInOneElement) {
     page.Whole()->Lines(segments, 0);
   });
   EXPECT_LT(svg.size(), 12000u);
+}
+
+int StrokesIn(const ByteVector& svg) {
+  const std::string text(reinterpret_cast<const char*>(svg.data()), svg.size());
+  const auto path = text.find(" d=\"");
+  return static_cast<int>(std::count(text.begin() + static_cast<long>(path),
+                                     text.begin() + static_cast<long>(text.find('"', path + 4)),
+                                     'M'));
+}
+
+// Dots are a pixel wide.
+TEST_F(PictureTest, DotsInAColumnThatTouchAreOneStrokeOfADrawing) {
+  const auto drawn = [](std::vector<Point> dots) {
+    return StrokesIn(RenderPicture(PictureFormat::Svg, {},
+                                   [&](Page& page) { page.Whole()->Dots(dots, Rgb(1, 2, 3)); }));
+  };
+  EXPECT_EQ(drawn({{10.1, 11}, {10.2, 10}, {10.3, 12}}), 1);
+  EXPECT_EQ(drawn({{10.1, 10}, {10.2, 12}}), 2);
+  EXPECT_EQ(drawn({{10.1, 10}, {10.6, 10}}), 2);
 }
 
 TEST_F(PictureTest, SizesWithoutPixelsOrTooLargeFault) {
