@@ -27,6 +27,10 @@ constexpr std::string_view kManyOuterRounds =
 constexpr double kLargestProductFactorial = 50;
 constexpr double kPi = 3.14159265358979;
 
+// Columns of the two heights of a GaussLorentz.
+constexpr std::size_t kGaussHeight = 0;
+constexpr std::size_t kLorentzHeight = 3;
+
 // The m by m products of the columns of `a` and `b`, known to be symmetric.
 void SymmetricProduct(const FitMatrix& a, const FitMatrix& b, std::size_t n, std::size_t m,
                       SquareMatrix& product) {
@@ -218,6 +222,7 @@ void PoissonFit::Solve() {
 // gradients, with the model value as the variance of each count.
 bool PoissonFit::EstimateErrors() {
   summary_.standard_error.fill(0);
+  summary_.height_covariance = 0;
   const int err = ShapeDerivatives(shape_, x_, ct_, M(), Exponentials(), derivatives_);
   if (err != 0) return End(err);
   FillColumn(weight_.data(), n_, [this](std::size_t i) { return 1 / f_[i]; });
@@ -239,6 +244,16 @@ bool PoissonFit::EstimateErrors() {
   for (std::size_t j = 0; j < m_; ++j) {
     double* const t = q_.Column(j);
     CombineColumns(gradient_, m_, information_[j].data(), n_, t);
+  }
+  if (shape_ == LineShape::GaussLorentz && m_ > kLorentzHeight) {
+    const double* const gauss = q_.Column(kGaussHeight);
+    const double* const lorentz = q_.Column(kLorentzHeight);
+    for (std::size_t i = 0; i < n_; ++i) {
+      summary_.height_covariance += gauss[i] * lorentz[i] * f_[i];
+    }
+  }
+  for (std::size_t j = 0; j < m_; ++j) {
+    double* const t = q_.Column(j);
     FillColumn(t, n_, [=](std::size_t i) { return t[i] * t[i]; });
     squares[j] = {t, f_.data()};
   }
@@ -376,11 +391,12 @@ FitSummary CurveFit(std::span<const double> x, std::span<const double> y, std::i
   const bool two_peaks = mode == static_cast<int>(LineShape::GaussLorentz);
   if (c[1] <= 0) MakeStartingValues(c, highest, position, y[0], two_peaks);
   if (c[3] < 0) c[3] = 10;
-  const FitSummary summary = CFDQR2(x, y, mode, c, m);
+  FitSummary summary = CFDQR2(x, y, mode, c, m);
   // KEPT: for the line of two peaks the half width is held in the region, for the others the
   // centre.
   double& held = c[two_peaks ? 3 : 2];
-  if (held < 1 || held > n) held = n / 2;
+  summary.held = held < 1 || held > n;
+  if (summary.held) held = n / 2;
   return summary;
 }
 

@@ -33,6 +33,8 @@ struct FitSummary {
   std::int16_t status = kFitEnded;
   std::string_view message;     // static, UTF-8; empty for status 0 and for a fault in a derivative
   Coefficients standard_error;  // of the last trial that came so far; 0 otherwise and beyond m
+  double height_covariance = 0;  // of the two heights of a GaussLorentz, estimated as the errors
+  bool held = false;             // CurveFit has put a coefficient back into the region
   bool trace_zero = false;  // ended because the trace of the inverse normal matrix was exactly zero
   int outer_rounds = 0;     // linearisations
   int trials = 0;           // damped steps tried, in all outer rounds

@@ -363,6 +363,7 @@ int WaveSplit(std::span<const std::int32_t> counts, int start, int n, std::span<
     peak.BackSlope = 0;
     peak.GaussRatio = 1;
     peak.FuncType = kGauss;
+    peak.Errors = {};
   }
   return static_cast<int>(peaks.size());
 }

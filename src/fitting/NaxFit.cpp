@@ -105,6 +105,12 @@ NaxFitSummary DampedIteration::Run() {
   summary_.ok = true;
   summary_.chi = step_.chi;
   summary_.peaks = FitResult(region_, step_.Err);
+  if (summary_.result != kNaxConverged && summary_.result != kNaxLowChi) return summary_;
+  for (NaxPeak& peak : summary_.peaks) {
+    peak.errors.Center = peak.position_error;
+    peak.errors.Height = peak.height_error;
+    peak.errors.HalfWidth = peak.fwhm_error / 2;
+  }
   return summary_;
 }
 

@@ -51,6 +51,7 @@ class Group {
   void FillDesign();
   int TakeSteps(double& change);
   void Remove(int peak);
+  std::array<double, kMaxLsqColumns> CountingErrors() const;
 
   std::size_t Count() const { return static_cast<std::size_t>(count_); }
   std::size_t Columns() const { return kPerPeak * Count() + kBackground; }
@@ -217,8 +218,31 @@ GroupStatus Group::Fit(std::span<const ScanPeak> peaks) {
   return GroupStatus::Failed;
 }
 
+// Standard errors of the coefficients B = T Y, T = (X'X)^-1 X', of the last step. Its counts are
+// not weighted, but do not scatter alike: the variance of B(a) is the sum of T(a,i)^2 var Y(i)
+// (H. White, Econometrica 48 (1980) 817), here with the variance of a Poisson process, the count.
+std::array<double, kMaxLsqColumns> Group::CountingErrors() const {
+  const LsqMatrix& matrix = work_.matrix;
+  std::array<double, kMaxLsqColumns> errors{};
+  for (std::size_t a = 0; a < kPerPeak * Count(); ++a) {
+    double variance = 0;
+    for (std::size_t i = 0; i < x_.size(); ++i) {
+      const double* const row = work_.design.Row(i);
+      double t = 0;
+      for (std::size_t b = 0; b < Columns(); ++b) {
+        t += matrix.inverse[a][b] / matrix.scale[b] * row[b];
+      }
+      variance += t * t * std::max(y_[i], 0.0);
+    }
+    errors[a] = Divide(std::sqrt(Finite(variance)), matrix.scale[a]);
+  }
+  return errors;
+}
+
 void Group::Result(GroupFitResult& result) const {
   result.count = count_;
+  std::array<double, kMaxLsqColumns> counting{};
+  if (result.status == GroupStatus::Converged) counting = CountingErrors();
   for (std::size_t p = 0; p < Count(); ++p) {
     const Gaussian& fitted = now_[p];
     const double* const error = &error_[kPerPeak * p];
@@ -229,6 +253,9 @@ void Group::Result(GroupFitResult& result) const {
     peak.position_error = error[0];
     peak.height_error = error[1];
     peak.fwhm_error = peak.fwhm * 0.5 * error[2] / fitted.k;
+    peak.errors.Center = counting[kPerPeak * p];
+    peak.errors.Height = counting[kPerPeak * p + 1];
+    peak.errors.HalfWidth = peak.fwhm / 4 * counting[kPerPeak * p + 2] / fitted.k;
     peak.background = background_;
   }
 }

@@ -22,9 +22,13 @@ struct NaxPeak {
   double position = 0;  // channel number: the first channel of a spectrum is 1
   double height = 0;    // counts
   double fwhm = 0;      // channels
+  // As the fit estimates them: of a region from its weights, the square roots of the counts; of a
+  // group from the mean square of its residuals, as if all counts scattered alike.
   double position_error = 0;
   double height_error = 0;
   double fwhm_error = 0;
+  // Of counts whose variance is the count; zeros where the fit has not converged.
+  PeakErrors errors;
   NaxBackground background;
 };
 

@@ -6,6 +6,7 @@
 #include "program/Commands.h"
 #include "program/Cursor.h"
 #include "program/EditText.h"
+#include "program/PeakErrorText.h"
 #include "program/PeakReport.h"
 #include "support/NumberText.h"
 #include "support/Rounding.h"
@@ -21,6 +22,16 @@ const char* EngineText(const PeakRec& peak) {
   return peak.FitEngine != kEngineNax ? kExpress : kNax;
 }
 
+std::vector<std::string> ErrorHeadings() {
+  const PeakErrorTexts headings = PeakErrorHeadings(kUnitCh);
+  return {headings.begin(), headings.end()};
+}
+
+// The current rows of two grids with the same rows stay in step.
+void KeepInStep(Grid& grid, Grid& other) {
+  grid.Shown.Connect([&grid, &other] { other.SetActiveRow(grid.ActiveRow()); });
+}
+
 std::string UnitHeading(int unit) {
   return "Peak(" + std::string(UnitLabel(unit)) + ")";
 }
@@ -32,11 +43,15 @@ frmPeakReport::frmPeakReport(Program& program, FormHost& host)
       sprPeakInf(controls_, "sprPeakInf",
                  {"Peak(Ch)", UnitHeading(kUnitCh), "Intensity", "FWHM(Ch)", "FWHM(keV)",
                   "FWHM(dA)", "Amplitude", "Gauss%", "FitType"}),
+      sprPeakErr(controls_, "sprPeakErr", ErrorHeadings()),
       program_(program) {
   for (const Column column : {kPeakCh, kIntensity, kFwhmCh, kGaussPercent}) {
     sprPeakInf.SetEditableColumn(column, true);
   }
   sprPeakInf.Click.Connect([this](int row, int column) { sprPeakInf_Click(row, column); });
+  sprPeakErr.Click.Connect([this](int row, int column) { sprPeakErr_Click(row, column); });
+  KeepInStep(sprPeakInf, sprPeakErr);
+  KeepInStep(sprPeakErr, sprPeakInf);
   cmdPkSet.Click.Connect([this] { cmdPkSet_Click(); });
   cmdSave.Click.Connect([this] { cmdSave_Click(); });
   cmdClose.Click.Connect([this] { cmdClose_Click(); });
@@ -55,10 +70,16 @@ void frmPeakReport::Open(int grp_no) {
 
 void frmPeakReport::RefreshPeakReport() {
   const PeakTable& table = program_.workspace.Peaks[DataNo()];
-  sprPeakInf.SetMaxRows(0);
+  for (Grid* grid : {&sprPeakInf, &sprPeakErr}) {
+    grid->SetMaxRows(0);
+    grid->SetMaxRows(table.Count);
+  }
   sprPeakInf.SetHeading(kPeakUnit, UnitHeading(DispUnit));
-  sprPeakInf.SetMaxRows(table.Count);
-  for (int i = 0; i < table.Count; ++i) ShowPeak(i + 1, table.Peaks[i]);
+  sprPeakErr.SetHeading(kErrorPeakUnit + 1, UnitHeading(DispUnit));
+  for (int i = 0; i < table.Count; ++i) {
+    ShowPeak(i + 1, table.Peaks[i]);
+    ShowErrors(i + 1, table.Peaks[i]);
+  }
   ShowHint();
 }
 
@@ -78,6 +99,15 @@ void frmPeakReport::ShowPeak(int row, const PeakRec& peak) {
   show(kAmplitude, peak.Amplitude);
   show(kGaussPercent, peak.GaussRatio * kPercent);
   sprPeakInf.SetText(row, kFitType, EngineText(peak));
+}
+
+void frmPeakReport::ShowErrors(int row, const PeakRec& peak) {
+  const Workspace& workspace = program_.workspace;
+  const MeasProp& source = CalibrationOf(workspace, DataNo());
+  const PeakErrorTexts texts = PeakErrorsOf(workspace, peak, source, DispUnit);
+  for (int i = 0; i < kPeakErrorColumns; ++i) {
+    sprPeakErr.SetText(row, i + 1, texts[static_cast<std::size_t>(i)]);
+  }
 }
 
 void frmPeakReport::ShowHint() {
@@ -108,13 +138,23 @@ PeakRec frmPeakReport::PeakOfRow(int row, const PeakRec& stored) const {
   };
   const auto number = [&](Column column) { return NumberOf(sprPeakInf.Text(row, column)); };
   PeakRec peak = stored;
-  if (changed(kPeakCh, stored.Center + 1)) peak.Center = number(kPeakCh) - 1;
-  if (changed(kIntensity, stored.Height)) peak.Height = number(kIntensity);
-  if (changed(kFwhmCh, 2 * stored.HalfWidth)) peak.HalfWidth = number(kFwhmCh) / 2;
+  if (changed(kPeakCh, stored.Center + 1)) {
+    peak.Center = number(kPeakCh) - 1;
+    peak.Errors.Center = 0;
+  }
+  if (changed(kIntensity, stored.Height)) {
+    peak.Height = number(kIntensity);
+    peak.Errors.Height = 0;
+  }
+  if (changed(kFwhmCh, 2 * stored.HalfWidth)) {
+    peak.HalfWidth = number(kFwhmCh) / 2;
+    peak.Errors.HalfWidth = 0;
+  }
   // KEPT: the area is that of its cell and does not follow from the other three.
   if (changed(kAmplitude, stored.Amplitude)) peak.Amplitude = number(kAmplitude);
   if (changed(kGaussPercent, stored.GaussRatio * kPercent)) {
     peak.GaussRatio = number(kGaussPercent) / kPercent;
+    peak.Errors.GaussRatio = 0;
   }
   peak.FitEngine = sprPeakInf.Text(row, kFitType) == kExpress ? kEngineExpress : kEngineNax;
   return peak;
@@ -137,7 +177,7 @@ void frmPeakReport::cmdSave_Click() {
   request.caption = "Save Peak Report";
   const auto choice = program_.ports.dialogs.ChooseFileToSave(request);
   if (!choice || choice->path.empty()) return;
-  SavePeakCsv(program_, choice->path, DataNo(), DispUnit);
+  SavePeakReport(program_, choice->path, DataNo(), DispUnit);
 }
 
 }  // namespace dorvane

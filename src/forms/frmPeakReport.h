@@ -11,7 +11,7 @@
 namespace dorvane {
 
 // Modal. Centre, height, width in channels and Gaussian share can be typed; the other columns
-// follow from the table.
+// follow from the table. The standard errors stand beside it, row by row.
 class frmPeakReport : public Form {
  public:
   enum Column {
@@ -37,12 +37,15 @@ class frmPeakReport : public Form {
   void RefreshPeakReport();
 
   // Moves the cursor of the main window to the row's peak, rounded. A row without a peak: nothing.
+  // The errors do the same.
   void sprPeakInf_Click(int row, int column);
-  // Takes the cells over. A cell that still shows its stored value leaves it as it is, to the last
-  // bit; one that is no number shows the fault's box, and no peak is changed then.
+  void sprPeakErr_Click(int row, int column) { sprPeakInf_Click(row, column); }
+  // Takes the cells over; a value that was typed has no error any more. A cell that still shows its
+  // stored value leaves it as it is, to the last bit; one that is no number shows the fault's box,
+  // and no peak is changed then.
   void cmdPkSet_Click();
-  // Asks for a file and saves the table as it is stored: cells that "SET" has not taken over yet
-  // are not in it.
+  // Asks for a file and saves the table as it is stored, with the errors in a file beside it
+  // (SavePeakReport): cells that "SET" has not taken over yet are not in it.
   void cmdSave_Click();
   void cmdClose_Click() { Hide(); }
 
@@ -52,6 +55,8 @@ class frmPeakReport : public Form {
 
   Label lblHint{controls_, "lblHint"};
   Grid sprPeakInf;
+  Label lblPeakErr{controls_, "lblPeakErr", "Standard error"};
+  Grid sprPeakErr;  // columns of PeakErrorColumn + 1
   Button cmdPkSet{controls_, "cmdPkSet", "SET"};
   Button cmdSave{controls_, "cmdSave", "Save as.."};
   Button cmdClose{controls_, "cmdClose", "Close"};
@@ -59,6 +64,7 @@ class frmPeakReport : public Form {
  private:
   int DataNo() const { return program_.workspace.Slots[GrpNo].DataNo; }
   void ShowPeak(int row, const PeakRec& peak);
+  void ShowErrors(int row, const PeakRec& peak);
   void ShowHint();
   PeakRec PeakOfRow(int row, const PeakRec& stored) const;
 

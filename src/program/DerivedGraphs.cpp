@@ -41,6 +41,11 @@ bool RowHasFlags(const Workspace& workspace, int grp_no, std::int16_t set, std::
   return (flags & set) == set && (flags & clear) == 0;
 }
 
+bool ScattersAsCounted(const Workspace& workspace, int data_no) {
+  constexpr int kCalculated = FlagBackGraund | FlagBackRemv | FlagFit;
+  return (workspace.Spectra[data_no].Prop.Flags & kCalculated) == 0;
+}
+
 Destination HeadDestination(const GraphList& list, bool reuse) {
   if (reuse) return {list.workspace.Slots[0].DataNo, 0};
   return {InsertGraph(list), 0};

@@ -31,6 +31,10 @@ Destination HeadDestination(const GraphList& list, bool reuse);
 // Whether a row holds a spectrum with all bits of `set` and none of `clear` in its Flags.
 bool RowHasFlags(const Workspace& workspace, int grp_no, std::int16_t set, std::int16_t clear);
 
+// Whether the counts of a spectrum scatter as counted ones: as measured, or smoothed over less than
+// a peak, and not those of a background, of what is left above one, or of a fit.
+bool ScattersAsCounted(const Workspace& workspace, int data_no);
+
 // Shows the row in its window's selector and refreshes picture and read-outs.
 void ShowRow(Program& program, int grp_no);
 

@@ -54,7 +54,7 @@ void NaxScanStore(Program& program, int win_no, int grp_no, std::span<const NaxP
   const std::int16_t data_no = GetGraphDataNo(list, grp_no);
   int index = 0;
   for (const NaxPeak& peak : peaks) {
-    PeakInsert(list, win_no, grp_no, NaxRecord(peak, workspace.FitParam.FuncType, kEngineNax));
+    PeakInsert(list, win_no, grp_no, NaxRecord(workspace, data_no, peak, kEngineNax));
     // KEPT: the area is taken at the place of the result, not at that of the record in the table: a
     // peak that comes out left of one before it keeps the area 0.
     PeakAreaCalc(workspace, data_no, index++);

@@ -50,7 +50,7 @@ void NaxFitStore(Program& program, int win_no, int grp_no, std::span<const NaxPe
   for (const NaxPeak& peak : peaks) {
     // KEPT: a region fit counts as made by hand, which the reports and the lattice grids tell apart
     // from a scan by the number of the other family.
-    const PeakRec record = NaxRecord(peak, workspace.FitParam.FuncType, kEngineExpress);
+    const PeakRec record = NaxRecord(workspace, data_no, peak, kEngineExpress);
     PeakAreaCalc(workspace, data_no, PeakInsert(list, win_no, grp_no, record));
     WriteFitBack(peak, OutsideFitBack::Fault, workspace.FitBack);
   }

@@ -1,5 +1,6 @@
 #include "program/NaxRecords.h"
 
+#include "program/DerivedGraphs.h"
 #include "support/Rounding.h"
 #include "workspace/GraphList.h"
 
@@ -12,15 +13,17 @@ int RowOfSpectrum(const Workspace& workspace, int data_no) {
   return -1;
 }
 
-PeakRec NaxRecord(const NaxPeak& peak, std::int16_t func_type, std::int16_t engine) {
+PeakRec NaxRecord(const Workspace& workspace, int data_no, const NaxPeak& peak,
+                  std::int16_t engine) {
   PeakRec record;
   record.FitDone = kTrue;
-  record.FuncType = func_type;
+  record.FuncType = workspace.FitParam.FuncType;
   record.Height = peak.height;
   record.Center = peak.position - 1;
   record.HalfWidth = peak.fwhm / 2;
   record.GaussRatio = 1;
   record.FitEngine = engine;
+  if (ScattersAsCounted(workspace, data_no)) record.Errors = peak.errors;
   return record;
 }
 

@@ -68,6 +68,28 @@ void StoreFit(PeakRec& peak, const Range& range, const Coefficients& p, std::int
   peak.FitEngine = kEngineExpress;
 }
 
+// Of both heights of the mixed line h = g + l with the share s = g / h:
+//   var h = var g + var l + 2 cov,   var s = (l^2 var g + g^2 var l - 2 g l cov) / h^4.
+void MixedErrors(const Coefficients& p, const FitSummary& summary, PeakErrors& errors) {
+  const double g = p[1], l = p[4], height = g + l;
+  const double var_g = summary.standard_error[1] * summary.standard_error[1];
+  const double var_l = summary.standard_error[4] * summary.standard_error[4];
+  const double cov = summary.height_covariance;
+  errors.Height = std::sqrt(std::max(var_g + var_l + 2 * cov, 0.0));
+  const double var_s = l * l * var_g + g * g * var_l - 2 * g * l * cov;
+  errors.GaussRatio = Divide(std::sqrt(std::max(var_s, 0.0)), height * height);
+}
+
+PeakErrors ErrorsOf(const Coefficients& p, const FitSummary& summary, std::int16_t type) {
+  PeakErrors errors;
+  if (summary.status != kFitEnded || summary.held) return errors;
+  errors.Height = summary.standard_error[1];
+  errors.Center = summary.standard_error[2];
+  errors.HalfWidth = summary.standard_error[3];
+  if (type == kMix) MixedErrors(p, summary, errors);
+  return errors;
+}
+
 std::string ErrorText(const Coefficients& e) {
   std::string text = " 係数誤差=";
   for (int i = 1; i <= 3; ++i) text += Picture(e[i], "#0.00000 ");
@@ -171,6 +193,8 @@ PeakFitResult FitOnePeak(Program& program, int data_no, int index, std::int16_t 
   // KEPT: the status does not enter: a failed fit that hands back its start values passes.
   result.accepted = p[1] >= 0 && p[3] > 0 && kGrowthLimit * h0 >= p[1];
   StoreFit(peak, range, p, type);
+  peak.Errors = {};
+  if (ScattersAsCounted(workspace, data_no)) peak.Errors = ErrorsOf(p, summary, type);
   return result;
 }
 

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "files/SplitPath.h"
 #include "program/DerivedGraphs.h"
 #include "program/EditText.h"
+#include "program/PeakErrorText.h"
 #include "program/PeakFit.h"
 #include "support/Bytes.h"
 #include "support/CodePage.h"
@@ -30,6 +32,33 @@ void Mark(Program& program, int win_no, int data_no, bool marked) {
 bool TakesCurve(const Workspace& workspace, int grp_no) {
   return HoldsGraph(workspace, 0) &&
          (grp_no != 0 || KindOf(workspace.Slots[0].Title) == GraphKind::Fit);
+}
+
+std::int16_t WriteLines(Program& program, const std::string& path, const PeakText& lines) {
+  std::string text = lines.header + kLineEnd;
+  for (const std::string& line : lines.peaks) text += line + kLineEnd;
+  try {
+    ReplaceFile(program.ports.files, path, AsBytes(ToCodePage(text)));
+    return kTrue;
+  } catch (const Fault&) {
+    program.ports.dialogs.Message("File Write Error");
+    return kFalse;
+  }
+}
+
+// A place that cannot be looked at counts as empty: the write there tells.
+bool IsThere(Program& program, const std::string& path) {
+  try {
+    return program.ports.files.Info(path).has_value();
+  } catch (const Fault&) {
+    return false;
+  }
+}
+
+bool MayReplace(Program& program, const std::string& path) {
+  Question question;
+  question.text = "The file of the standard errors exists. Replace it?\n" + path;
+  return program.ports.dialogs.AskYesNo(question);
 }
 
 }  // namespace
@@ -65,16 +94,23 @@ std::string ProposedReportName(const Workspace& workspace, int grp_no) {
 }
 
 std::int16_t SavePeakCsv(Program& program, const std::string& path, int data_no, int unit) {
-  const PeakText lines = BuildPeakLines(program.workspace, data_no, unit);
-  std::string text = lines.header + kLineEnd;
-  for (const std::string& line : lines.peaks) text += line + kLineEnd;
-  try {
-    ReplaceFile(program.ports.files, path, AsBytes(ToCodePage(text)));
-    return kTrue;
-  } catch (const Fault&) {
-    program.ports.dialogs.Message("File Write Error");
-    return kFalse;
-  }
+  return WriteLines(program, path, BuildPeakLines(program.workspace, data_no, unit));
+}
+
+std::string ErrorsFileOf(const std::string& path) {
+  const PathParts parts = SplitPath(path);
+  return parts.Drive + parts.Dir + parts.Name + "_errors.csv";
+}
+
+std::int16_t SavePeakReport(Program& program, const std::string& path, int data_no, int unit) {
+  const std::string errors_path = ErrorsFileOf(path);
+  const bool replaced = IsThere(program, path);
+  const bool errors_there = IsThere(program, errors_path);
+  if (SavePeakCsv(program, path, data_no, unit) == kFalse) return kFalse;
+  const bool known = AnyErrorKnown(program.workspace.Peaks[data_no]);
+  if (!known && !(errors_there && replaced)) return kTrue;
+  if (errors_there && !replaced && !MayReplace(program, errors_path)) return kTrue;
+  return WriteLines(program, errors_path, BuildPeakErrorLines(program.workspace, data_no, unit));
 }
 
 }  // namespace dorvane

@@ -24,4 +24,15 @@ std::string ProposedReportName(const Workspace& workspace, int grp_no);
 // in one step. -1, or 0 after the box "File Write Error"; the file is then as it was.
 std::int16_t SavePeakCsv(Program& program, const std::string& path, int data_no, int unit);
 
+// The file of the standard errors beside that of a report: "run_2FitParam_errors.csv" beside
+// "run_2FitParam.csv", whatever the extension there.
+std::string ErrorsFileOf(const std::string& path);
+
+// Writes the report (SavePeakCsv), then the standard errors (BuildPeakErrorLines) beside it. That
+// second file is written where an error is known; a file that is there already is replaced with the
+// report, which its user has been asked for, so that no old one is left beside it, but only after a
+// question of its own where the report is new. -1, or 0 after the box "File Write Error"; where the
+// second file fails, the first one stands.
+std::int16_t SavePeakReport(Program& program, const std::string& path, int data_no, int unit);
+
 }  // namespace dorvane

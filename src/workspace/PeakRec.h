@@ -19,6 +19,18 @@ constexpr std::int16_t kMix = 3;
 constexpr std::int16_t kEngineNax = 0;
 constexpr std::int16_t kEngineExpress = 1;
 
+// Standard errors (1 sigma) of the fields of the same names, in their units. 0 where a fit has
+// none: the field has been found or typed, or the fit has held it fixed, has not converged, or was
+// made to counts that do not scatter as counted ones.
+struct PeakErrors {
+  double Height = 0;
+  double GaussRatio = 0;
+  double HalfWidth = 0;
+  double Center = 0;
+
+  friend bool operator==(const PeakErrors&, const PeakErrors&) = default;
+};
+
 struct PeakRec {
   std::int16_t FitDone = 0;  // -1 after a fit
   std::int16_t FuncType = 0;
@@ -33,6 +45,7 @@ struct PeakRec {
   double Amplitude = 0;  // area: the shape summed over all channels
   std::int32_t Reserved = 0;
   std::int16_t FitEngine = 0;
+  PeakErrors Errors;  // not on file
 
   friend bool operator==(const PeakRec&, const PeakRec&) = default;
 };

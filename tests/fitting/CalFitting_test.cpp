@@ -226,6 +226,16 @@ TEST(StandardErrors, OfTheMixedLineAreThoseOfFishersInformation) {
              1e-7);
 }
 
+// Of the same inverse.
+TEST(StandardErrors, HeightsOfTheMixedLineHaveTheirCovariance) {
+  Coefficients c = Of({700, 10.3, 2.5, 300, 50});
+  const auto y = CountsOf(
+      21, [](double x) { return 700 * Gauss(x, 10.3, 2.5) + 300 * Lorentz(x, 10.3, 2.5) + 50; });
+  EXPECT_NEAR(Fit(y, 3, c, 5).height_covariance, -8269.27787, 1e-4);
+  c = Of({1000, 10.3, 2.5, 50});
+  EXPECT_EQ(Fit(GaussCounts(21), 1, c, 4).height_covariance, 0);
+}
+
 // The sandwich H^-1 (sum of D D' / f) H^-1 with H = sum of y / f^2 D D', by exact rational
 // elimination (Python).
 TEST(StandardErrors, OfMeasuredCountsAreTheSandwichEstimate) {

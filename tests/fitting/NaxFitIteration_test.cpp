@@ -68,6 +68,10 @@ TEST_P(NaxIteration, TakesThePathOfTheIndependentComputation) {
     ExpectNear(peak.position_error, expected.position_error);
     ExpectNear(peak.height_error, expected.height_error);
     ExpectNear(peak.fwhm_error, expected.fwhm_error);
+    const bool converged = each.result == kNaxConverged;
+    EXPECT_EQ(peak.errors.Center, converged ? peak.position_error : 0);
+    EXPECT_EQ(peak.errors.Height, converged ? peak.height_error : 0);
+    EXPECT_EQ(peak.errors.HalfWidth, converged ? peak.fwhm_error / 2 : 0);
     ExpectNear(peak.background.c1, each.coefficients[0]);
     ExpectNear(peak.background.c2, each.coefficients[1]);
     ExpectNear(peak.background.c3, each.coefficients[2]);
@@ -290,7 +294,8 @@ TEST_F(DampedLsqTest, ResultsAreThereAfterTheFirstFailureOfTheDamping) {
       Fit(SawToothSpectrum(10, 0, 30, {{161.6, 50000, 2}}), ListOf(100, 179, {162}, {75000}));
   EXPECT_TRUE(summary.ok);
   EXPECT_EQ(summary.result, kNaxDampingOver);
-  EXPECT_EQ(summary.peaks.size(), 1u);
+  ASSERT_EQ(summary.peaks.size(), 1u);
+  EXPECT_EQ(summary.peaks[0].errors, PeakErrors{});
   EXPECT_THAT(log.lines, ElementsAre(kOver));
 }
 

@@ -122,6 +122,17 @@ TEST_F(GroupFitTest, CountsWithNoiseAgreeWithAnIndependentSolver) {
   EXPECT_NEAR(right.background.c1, 122.1763903, 1e-6);
   EXPECT_NEAR(right.background.c2, 0.7932793842, kSamePath);
   EXPECT_NEAR(right.background.c3, 0.008560063495, kSamePath);
+  // Python: T = (X'X)^-1 X' of the fitted curve by numerical derivatives in position, height and
+  // FWHM; the root of the sum of T^2 times the count.
+  const auto expect_share = [](double error, double expected) {
+    EXPECT_NEAR(error, expected, 1e-3 * expected);
+  };
+  expect_share(left.errors.Center, 0.0987048819);
+  expect_share(left.errors.Height, 14.3977775);
+  expect_share(2 * left.errors.HalfWidth, 0.198737381);
+  expect_share(right.errors.Center, 0.221732528);
+  expect_share(right.errors.Height, 10.2625074);
+  expect_share(2 * right.errors.HalfWidth, 0.512584912);
 }
 
 // ---- tries
@@ -224,6 +235,7 @@ TEST_F(GroupFitTest, AfterTheLastIterationTheValuesStand) {
   EXPECT_EQ(result.status, GroupStatus::IterationLimit);
   ASSERT_EQ(result.count, 1);
   EXPECT_NEAR(result.peaks[0].position, 230.4, 0.1);
+  EXPECT_EQ(result.peaks[0].errors, PeakErrors{});
 }
 
 // ---- limits

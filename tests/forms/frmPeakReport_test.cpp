@@ -54,6 +54,13 @@ class frmPeakReportTest : public PeakFitTest {
     }
     return texts;
   }
+  std::vector<std::string> ErrorTexts(int row) const {
+    std::vector<std::string> texts;
+    for (int column = 1; column <= form.sprPeakErr.Columns(); ++column) {
+      texts.push_back(form.sprPeakErr.Text(row, column));
+    }
+    return texts;
+  }
   void Type(int row, int column, const char* text) { form.sprPeakInf.EditCell(row, column, text); }
   PeakTable& Table() { return workspace.Peaks[data_no]; }
 
@@ -229,6 +236,70 @@ TEST_F(frmPeakReportTest, AreaAndEngineAreThoseOfTheirCells) {
   EXPECT_EQ(Table().Peaks[0].Amplitude, 12);
   EXPECT_EQ(Table().Peaks[0].FitEngine, kEngineNax);
   EXPECT_EQ(Table().Peaks[1].FitEngine, kEngineExpress);
+}
+
+// ---- standard errors
+
+TEST_F(frmPeakReportTest, StandardErrorsStandInAGridOfTheirOwn) {
+  EXPECT_EQ(form.lblPeakErr.Caption(), "Standard error");
+  view.DispUnit = kUnitKeV;
+  Table().Peaks[1].Errors = {
+      .Height = 31.25, .GaussRatio = 0.015, .HalfWidth = 0.25, .Center = 0.5};
+  Work([this] {
+    EXPECT_THAT(form.sprPeakErr.Headings(), ElementsAre("Peak(Ch)", "Peak(keV)", "Intensity",
+                                                        "FWHM(Ch)", "FWHM(keV)", "Gauss%"));
+    EXPECT_THAT(ErrorTexts(1), ElementsAre("", "", "", "", "", ""));
+    // The slope of the calibration is 0.0230025 keV a channel there.
+    EXPECT_THAT(ErrorTexts(2), ElementsAre("0.5", "0.0115", "31.25", "0.5", "0.01", "1.5"));
+  });
+}
+
+TEST_F(frmPeakReportTest, ErrorsCannotBeTyped) {
+  for (int column = 1; column <= form.sprPeakErr.Columns(); ++column) {
+    EXPECT_FALSE(form.sprPeakErr.EditableColumn(column));
+  }
+}
+
+TEST_F(frmPeakReportTest, RowsOfValuesAndErrorsAreInStep) {
+  Work([this] {
+    form.sprPeakErr.PressCell(2, 1);
+    EXPECT_EQ(view.CursorCh, 1500);
+    EXPECT_EQ(form.sprPeakInf.ActiveRow(), 2);
+    form.sprPeakInf.SetActiveRow(1);
+    EXPECT_EQ(form.sprPeakErr.ActiveRow(), 1);
+  });
+}
+
+TEST_F(frmPeakReportTest, TypedValueLosesItsErrorAndNoOther) {
+  Table().Peaks[0].Errors = {.Height = 1, .GaussRatio = 2, .HalfWidth = 3, .Center = 4};
+  const std::pair<int, PeakErrors> left[] = {
+      {frmPeakReport::kPeakCh, {.Height = 1, .GaussRatio = 2, .HalfWidth = 3}},
+      {frmPeakReport::kIntensity, {.GaussRatio = 2, .HalfWidth = 3, .Center = 4}},
+      {frmPeakReport::kFwhmCh, {.Height = 1, .GaussRatio = 2, .Center = 4}},
+      {frmPeakReport::kGaussPercent, {.Height = 1, .HalfWidth = 3, .Center = 4}}};
+  const PeakTable before = Table();
+  for (const auto& [column, errors] : left) {
+    Table() = before;
+    Work([this, column] {
+      Type(1, column, "50");
+      form.cmdPkSet.Press();
+    });
+    EXPECT_EQ(Table().Peaks[0].Errors, errors) << column;
+  }
+}
+
+TEST_F(frmPeakReportTest, SetWithUntouchedCellsKeepsTheErrors) {
+  Table().Peaks[0].Errors = {.Height = 1, .GaussRatio = 2, .HalfWidth = 3, .Center = 4};
+  const PeakTable before = Table();
+  Work([this] { form.cmdPkSet.Press(); });
+  EXPECT_EQ(Table(), before);
+}
+
+TEST_F(frmPeakReportTest, SaveWritesTheKnownErrorsBesideTheReport) {
+  Table().Peaks[0].Errors.Height = 12.5;
+  dialogs.ExpectSave(folder.Path("r.csv"));
+  Work([this] { form.cmdSave.Press(); });
+  EXPECT_THAT(folder.Get("r_errors.csv"), HasSubstr("100.5000,,,12.5,,,,E\r\n"));
 }
 
 TEST_F(frmPeakReportTest, SetLeavesFitDone) {

@@ -136,6 +136,98 @@ TEST_F(PeakReportTest, EmptyTableGivesAFileOfTheHeaderAlone) {
             "Peak(Ch),Peak(Ch),Intensity,FWHM(Ch),FWHM(Ch),FWHM(d),Amplitude,Gauss(%),Type\r\n");
 }
 
+// ---- the file of the standard errors
+
+TEST_F(PeakReportTest, ErrorsFileStandsBesideTheReport) {
+  EXPECT_EQ(ErrorsFileOf("/a.b/run_2FitParam.csv"), "/a.b/run_2FitParam_errors.csv");
+  EXPECT_EQ(ErrorsFileOf("run.7"), "run_errors.csv");
+  EXPECT_EQ(ErrorsFileOf("run"), "run_errors.csv");
+}
+
+TEST_F(PeakReportTest, KnownErrorsAreSavedInAFileOfTheirOwn) {
+  const auto data_no = ShowWithPeaks();
+  for (int i = 0; i < 3; ++i) workspace.DefaultProp.EGC[i] = i == 1 ? 0.1 : 0;  // keV a channel
+  workspace.Peaks[data_no].Peaks[1].Errors = {.Height = 10, .HalfWidth = 0.25, .Center = 0.125};
+  EXPECT_EQ(SavePeakReport(program, folder.Path("r.csv"), data_no, kUnitCh), -1);
+  EXPECT_EQ(folder.Get("r_errors.csv"),
+            "Peak(Ch),Error of Peak(Ch),Error of Peak(Ch),Error of Intensity,Error of FWHM(Ch),"
+            "Error of FWHM(keV),Error of Gauss(%),Type\r\n"
+            "21.0000,,,,,,,N\r\n"
+            "41.0000,0.125,0.125,10,0.5,0.05,,N\r\n");
+}
+
+TEST_F(PeakReportTest, ReportIsTheSameWithAndWithoutErrors) {
+  const auto data_no = ShowWithPeaks();
+  SavePeakReport(program, folder.Path("plain.csv"), data_no, kUnitCh);
+  workspace.Peaks[data_no].Peaks[0].Errors.Height = 10;
+  SavePeakReport(program, folder.Path("r.csv"), data_no, kUnitCh);
+  EXPECT_EQ(folder.Get("r.csv"), folder.Get("plain.csv"));
+}
+
+TEST_F(PeakReportTest, WithoutAKnownErrorThereIsNoSecondFile) {
+  const auto data_no = ShowWithPeaks();
+  SavePeakReport(program, folder.Path("r.csv"), data_no, kUnitCh);
+  EXPECT_THAT(folder.Names(), ElementsAre("r.csv"));
+}
+
+TEST_F(PeakReportTest, ErrorsOfAReportThatIsReplacedAreReplacedWithItEvenByNone) {
+  const auto data_no = ShowWithPeaks();
+  folder.Put("r.csv", "old");
+  folder.Put("r_errors.csv", "old");
+  SavePeakReport(program, folder.Path("r.csv"), data_no, kUnitCh);
+  EXPECT_THAT(folder.Get("r_errors.csv"), testing::EndsWith("41.0000,,,,,,,N\r\n"));
+}
+
+TEST_F(PeakReportTest, ErrorsFileBesideANewReportIsReplacedAfterAQuestionOnly) {
+  const auto data_no = ShowWithPeaks();
+  workspace.Peaks[data_no].Peaks[0].Errors.Height = 10;
+  const std::string question =
+      "The file of the standard errors exists. Replace it?\n" + folder.Path("r_errors.csv");
+  folder.Put("r_errors.csv", "of another");
+  dialogs.ExpectQuestion(question, false);
+  EXPECT_EQ(SavePeakReport(program, folder.Path("r.csv"), data_no, kUnitCh), -1);
+  EXPECT_EQ(folder.Get("r_errors.csv"), "of another");
+  EXPECT_TRUE(folder.Has("r.csv"));
+
+  folder.Put("s_errors.csv", "of another");
+  dialogs.ExpectQuestion(
+      "The file of the standard errors exists. Replace it?\n" + folder.Path("s_errors.csv"), true);
+  SavePeakReport(program, folder.Path("s.csv"), data_no, kUnitCh);
+  EXPECT_THAT(folder.Get("s_errors.csv"), testing::StartsWith("Peak(Ch),Error of"));
+}
+
+TEST_F(PeakReportTest, ErrorsFileOfAnotherStaysWhereNoErrorIsKnown) {
+  const auto data_no = ShowWithPeaks();
+  folder.Put("r_errors.csv", "of another");
+  SavePeakReport(program, folder.Path("r.csv"), data_no, kUnitCh);
+  EXPECT_EQ(folder.Get("r_errors.csv"), "of another");
+}
+
+TEST_F(PeakReportTest, FailedErrorsFileLeavesTheReport) {
+  class NoErrorsFile : public SystemFileLayer {
+   public:
+    int Create(const std::string& path, unsigned permissions) override {
+      if (path.find("_errors") != std::string::npos) throw Fault(FaultCode::FileFailed);
+      return SystemFileLayer::Create(path, permissions);
+    }
+  } layer;
+  const auto other =
+      std::make_unique<Program>(Ports{dialogs, layer, log, progress, views}, folder.Path(""));
+  other->workspace.Peaks[0].Count = 1;
+  other->workspace.Peaks[0].Peaks[0].Errors.Height = 1;
+  dialogs.ExpectMessage("File Write Error");
+  EXPECT_EQ(SavePeakReport(*other, folder.Path("r.csv"), 0, kUnitCh), 0);
+  EXPECT_THAT(folder.Names(), ElementsAre("r.csv"));
+}
+
+TEST_F(PeakReportTest, FailedReportHasNoErrorsFile) {
+  const auto data_no = ShowWithPeaks();
+  workspace.Peaks[data_no].Peaks[0].Errors.Height = 10;
+  dialogs.ExpectMessage("File Write Error");
+  EXPECT_EQ(SavePeakReport(program, folder.Path("none/r.csv"), data_no, kUnitCh), 0);
+  EXPECT_FALSE(folder.Has("none"));
+}
+
 TEST_F(PeakReportTest, FailedSaveTellsAndLeavesNoFile) {
   const auto data_no = ShowWithPeaks();
   dialogs.ExpectMessage("File Write Error");

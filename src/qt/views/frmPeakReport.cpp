@@ -1,8 +1,6 @@
 #include "forms/frmPeakReport.h"
 
-#include <QPushButton>
-
-#include "qt/binding/GridView.h"
+#include "qt/binding/GridCompanions.h"
 #include "qt/binding/Layouts.h"
 #include "qt/views/Views.h"
 
@@ -11,28 +9,34 @@ namespace {
 
 constexpr int kLeastRows = 10;
 
-QPushButton* CopyButton(const GridView* grid, QWidget* parent) {
-  auto* button = new QPushButton("&Copy", parent);
-  button->setObjectName("cmdCopy");
-  button->setToolTip("The whole table as tab-separated text");
-  button->setAutoDefault(false);
-  QObject::connect(button, &QPushButton::clicked, grid, &GridView::CopyAll);
-  return button;
+// The peaks, and their errors row by row at the right.
+QGridLayout* Tables(const frmPeakReport& form, FormWindow& window) {
+  auto* peaks = window.As<GridView>(form.sprPeakInf);
+  auto* errors = window.As<GridView>(form.sprPeakErr);
+  const QString channel = "0000.000", value = "000.00000", count = "00000000.0",
+                small = "0.0000000000", error = "0.000000";
+  peaks->SetColumnWidths({channel, value, count, value, value, small, count, value, "E"});
+  errors->SetColumnWidths({error, error, error, error, error, error});
+  for (GridView* grid : {peaks, errors}) grid->SetLeastRows(kLeastRows);
+  ScrollTogether(peaks, errors);
+  auto* tables = new QGridLayout;
+  tables->setHorizontalSpacing(kGap);
+  tables->addWidget(window.Of(form.lblHint), 0, 0);
+  tables->addWidget(window.Of(form.lblPeakErr), 0, 1);
+  tables->addWidget(peaks, 1, 0);
+  tables->addWidget(errors, 1, 1);
+  tables->setColumnStretch(0, 1);
+  tables->setRowStretch(1, 1);
+  return tables;
 }
 
 }  // namespace
 
 void LayOut(frmPeakReport& form, FormWindow& window) {
-  auto* grid = window.As<GridView>(form.sprPeakInf);
-  const QString channel = "0000.000", value = "000.00000", count = "00000000.0",
-                small = "0.0000000000";
-  grid->SetColumnWidths({channel, value, count, value, value, small, count, value, "E"});
-  grid->SetLeastRows(kLeastRows);
   QHBoxLayout* foot = ButtonRow(window, {&form.cmdPkSet, &form.cmdSave, &form.cmdClose});
-  foot->insertWidget(0, CopyButton(grid, window.centralWidget()));
+  foot->insertWidget(0, CopyButton(window.As<GridView>(form.sprPeakInf), window.centralWidget()));
   QVBoxLayout* column = WindowColumn(window);
-  column->addWidget(window.Of(form.lblHint));
-  column->addWidget(grid, 1);
+  column->addLayout(Tables(form, window), 1);
   column->addLayout(foot);
   window.SetCancelButton(form.cmdClose);
   window.SetFirstFocus(form.sprPeakInf);

@@ -94,6 +94,40 @@ TEST_F(PeakReportViewTest, WholeTableIsCopiedAsTabSeparatedText) {
             "201.25\t201.25\t80\t4\t0\t0\t0\t0\tN");
 }
 
+TEST_F(PeakReportViewTest, ErrorsStandBesideTheirPeaksHoweverEitherIsScrolled) {
+  for (int i = 0; i < 40; ++i) Enter(data_no, {100, 210.0 + i, 1}, 190, 250);
+  WorkOnScreen([&](FormWindow& window) {
+    auto* peaks = window.As<QTableView>(form.sprPeakInf);
+    auto* errors = window.As<QTableView>(form.sprPeakErr);
+    const auto same_places = [&] {
+      const auto top = [](const QTableView* table, int row) {
+        return table->viewport()->mapToGlobal(QPoint(0, table->rowViewportPosition(row))).y();
+      };
+      return top(peaks, 0) == top(errors, 0) && top(peaks, 41) == top(errors, 41);
+    };
+    EXPECT_TRUE(same_places());
+    peaks->scrollToBottom();
+    EXPECT_GT(errors->rowAt(0), 0);
+    EXPECT_TRUE(same_places());
+    errors->scrollToTop();
+    EXPECT_EQ(peaks->rowAt(0), 0);
+    EXPECT_TRUE(same_places());
+    QTest::keyClick(peaks, Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(errors->currentIndex().row(), 41);
+    EXPECT_TRUE(same_places());
+  });
+}
+
+TEST_F(PeakReportViewTest, RowOfTheErrorsIsClicked) {
+  WorkOnScreen([&](FormWindow& window) {
+    auto* errors = window.As<QTableView>(form.sprPeakErr);
+    const QModelIndex cell = errors->model()->index(1, 2);
+    QTest::mouseClick(errors->viewport(), Qt::LeftButton, {}, errors->visualRect(cell).center());
+    EXPECT_EQ(view.CursorCh, 200);
+    EXPECT_EQ(window.As<QTableView>(form.sprPeakInf)->currentIndex().row(), 1);
+  });
+}
+
 TEST_F(PeakReportViewTest, SaveIsClicked) {
   dialogs.ExpectSave(folder.Path("r.csv"));
   WorkOnScreen([&](FormWindow& window) { Press(window, "cmdSave"); });

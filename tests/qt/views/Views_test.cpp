@@ -1,8 +1,10 @@
 #include "qt/views/Views.h"
 
 #include <QAbstractItemView>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTimer>
 #include <cmath>
 #include <set>
@@ -263,6 +265,24 @@ TEST_F(Views, ASymbolIsTypedAndFoundWithEnter) {
   EXPECT_EQ(window.As<QLineEdit>(atom.element.txtEnergy[1])->text(), "74.9693");
   QTest::keyClick(window.Of(atom.element.txtSymbFind), Qt::Key_Escape);
   EXPECT_FALSE(atom.element.Visible());
+}
+
+TEST_F(Views, RegionReportIsCopiedWithItsHeadingsAsTabSeparatedText) {
+  std::vector<std::int32_t> counts(1000, 1);
+  counts[150] = 60;
+  const auto data_no = Show(counts);
+  RoiAdd(list, 0, data_no, 100, 200, 0xFF);
+  RoiAdd(list, 0, data_no, 300, 400, 0xFF);
+  regions.RefreshRoiReport();
+  FormWindow& window = Open(regions);
+  auto* copy = window.findChild<QPushButton*>("cmdCopy");
+  ASSERT_NE(copy, nullptr);
+  QTest::mouseClick(copy, Qt::LeftButton);
+  // 100 channels with 1 count and one with 60; 101 with 1.
+  EXPECT_EQ(QApplication::clipboard()->text().toStdString(),
+            "Graph\tStart (Ch)\tEnd (Ch)\tAmplitude\tPeak (Ch)\tIntensity\n"
+            "1\t101\t201\t160\t151\t60\n"
+            "1\t301\t401\t101\t301\t1\n");
 }
 
 }  // namespace
