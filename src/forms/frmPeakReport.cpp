@@ -2,12 +2,14 @@
 
 #include <string>
 
+#include "files/SplitPath.h"
 #include "processing/Units.h"
 #include "program/Commands.h"
 #include "program/Cursor.h"
 #include "program/EditText.h"
 #include "program/PeakErrorText.h"
 #include "program/PeakReport.h"
+#include "program/PeakSheet.h"
 #include "support/NumberText.h"
 #include "support/Rounding.h"
 
@@ -38,13 +40,14 @@ std::string UnitHeading(int unit) {
 
 }  // namespace
 
-frmPeakReport::frmPeakReport(Program& program, FormHost& host)
+frmPeakReport::frmPeakReport(Program& program, FormHost& host, Printing& printing)
     : Form(host, "frmPeakReport", "Peak Report"),
       sprPeakInf(controls_, "sprPeakInf",
                  {"Peak(Ch)", UnitHeading(kUnitCh), "Intensity", "FWHM(Ch)", "FWHM(keV)",
                   "FWHM(dA)", "Amplitude", "Gauss%", "FitType"}),
       sprPeakErr(controls_, "sprPeakErr", ErrorHeadings()),
-      program_(program) {
+      program_(program),
+      printing_(printing) {
   for (const Column column : {kPeakCh, kIntensity, kFwhmCh, kGaussPercent}) {
     sprPeakInf.SetEditableColumn(column, true);
   }
@@ -54,6 +57,7 @@ frmPeakReport::frmPeakReport(Program& program, FormHost& host)
   KeepInStep(sprPeakErr, sprPeakInf);
   cmdPkSet.Click.Connect([this] { cmdPkSet_Click(); });
   cmdSave.Click.Connect([this] { cmdSave_Click(); });
+  cmdPrint.Click.Connect([this] { cmdPrint_Click(); });
   cmdClose.Click.Connect([this] { cmdClose_Click(); });
 }
 
@@ -178,6 +182,17 @@ void frmPeakReport::cmdSave_Click() {
   const auto choice = program_.ports.dialogs.ChooseFileToSave(request);
   if (!choice || choice->path.empty()) return;
   SavePeakReport(program_, choice->path, DataNo(), DispUnit);
+}
+
+void frmPeakReport::cmdPrint_Click() {
+  RunGuarded(program_, [this](Program& program) {
+    const PeakSheets report = PeakSheetsOf(program.workspace, DataNo(), DispUnit);
+    printing_.Run({SplitPath(ProposedReportName(program.workspace, GrpNo)).Name,
+                   [&report](const PictureSize& size) { return PeakSheetCount(report, size); },
+                   [&report](Page& page, int page_no, std::int16_t) {
+                     DrawPeakSheet(report, page, page_no);
+                   }});
+  });
 }
 
 }  // namespace dorvane

@@ -1,4 +1,5 @@
-// The window with the peak table of a graph: peaks are read, changed by hand, and saved as CSV.
+// The window with the peak table of a graph: peaks are read, changed by hand, saved as CSV and
+// printed.
 #pragma once
 
 #include <cstdint>
@@ -6,6 +7,7 @@
 #include "forms/Controls.h"
 #include "forms/Form.h"
 #include "forms/Grid.h"
+#include "forms/Printing.h"
 #include "program/Program.h"
 
 namespace dorvane {
@@ -26,8 +28,8 @@ class frmPeakReport : public Form {
     kFitType
   };
 
-  // Both outlive the form.
-  frmPeakReport(Program& program, FormHost& host);
+  // All outlive the form.
+  frmPeakReport(Program& program, FormHost& host, Printing& printing);
 
   // Shows the report of a row until it is closed, in the display unit of the main form. Row 0
   // stands for the current row. A row without a graph: nothing.
@@ -47,6 +49,8 @@ class frmPeakReport : public Form {
   // Asks for a file and saves the table as it is stored, with the errors in a file beside it
   // (SavePeakReport): cells that "SET" has not taken over yet are not in it.
   void cmdSave_Click();
+  // Prints the table as it is stored, or shows it on its sheets (Printing, PeakSheet).
+  void cmdPrint_Click();
   void cmdClose_Click() { Hide(); }
 
   std::int16_t WinNo = 0;
@@ -59,6 +63,7 @@ class frmPeakReport : public Form {
   Grid sprPeakErr;  // columns of PeakErrorColumn + 1
   Button cmdPkSet{controls_, "cmdPkSet", "SET"};
   Button cmdSave{controls_, "cmdSave", "Save as.."};
+  Button cmdPrint{controls_, "cmdPrint", "Print"};
   Button cmdClose{controls_, "cmdClose", "Close"};
 
  private:
@@ -69,6 +74,7 @@ class frmPeakReport : public Form {
   PeakRec PeakOfRow(int row, const PeakRec& stored) const;
 
   Program& program_;
+  Printing& printing_;
 };
 
 }  // namespace dorvane

@@ -56,7 +56,7 @@ Session::Session(const Places& places, SettingsStore& settings)
       preview(host),
       printing(program, print, preview, printer),
       picture(program, host, pictures, settings),
-      peak_report(program, host),
+      peak_report(program, host, printing),
       result_directory(program, host, settings),
       load(program, host, folders),
       calibration_curve(program, host, printer),

@@ -145,7 +145,10 @@ TEST_F(AttachFormsTest, HklOpensTheLatticeFormForTheCurrentGraph) {
 }
 
 TEST_F(AttachFormsTest, ReportOpensThePeakReportFromBothToolBarsAndTheMenu) {
-  frmPeakReport report(program, host);
+  frmPrint ask(program, host, settings);
+  frmPreView preview(host);
+  Printing printing(program, ask, preview, printer);
+  frmPeakReport report(program, host, printing);
   EXPECT_FALSE(Menu("mnuPeakReport").Enabled());
   AttachPeakReport(form, report);
   ShowSpectrum("a.npd");

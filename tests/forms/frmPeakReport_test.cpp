@@ -4,11 +4,13 @@
 
 #include <functional>
 
+#include "forms/FakePrinter.h"
 #include "forms/FormFixture.h"
 #include "processing/Units.h"
 #include "program/Cursor.h"
 #include "program/PeakFixture.h"
 #include "program/PeakReport.h"
+#include "support/MemorySettings.h"
 
 namespace dorvane {
 namespace {
@@ -66,7 +68,12 @@ class frmPeakReportTest : public PeakFitTest {
 
   std::int16_t data_no = 0;
   ScriptedFormHost host;
-  frmPeakReport form{program, host};
+  MemorySettings settings;
+  FakePrinter printer;
+  frmPrint ask{program, host, settings};
+  frmPreView preview{host};
+  Printing printing{program, ask, preview, printer};
+  frmPeakReport form{program, host, printing};
 };
 
 TEST_F(frmPeakReportTest, TextsOfTheForm) {
@@ -390,6 +397,76 @@ TEST_F(frmPeakReportTest, FailedSaveLeavesTheFormAsItWas) {
     EXPECT_TRUE(form.Visible());
     EXPECT_EQ(form.sprPeakInf.Text(1, frmPeakReport::kIntensity), "1");
   });
+}
+
+// ---- print
+
+class PrintedPeakReport : public frmPeakReportTest {
+ protected:
+  // Prints from the open report; a button of the dialog answers.
+  void Print(Button& answer) {
+    Work([this, &answer] {
+      Type(1, frmPeakReport::kIntensity, "1");
+      host.ExpectModal([this, &answer](Form&) {
+        EXPECT_EQ(ask.txtFileName.Text(), "a_2FitParam");
+        answer.Press();
+      });
+      form.cmdPrint.Press();
+    });
+  }
+};
+
+TEST_F(PrintedPeakReport, IsTheStoredTableUnderItsTitleAndTheMeasurement) {
+  workspace.Spectra[data_no].MsuName.Set("run 7");
+  view.DispUnit = kUnitKeV;
+  EXPECT_EQ(form.cmdPrint.Caption(), "Print");
+  Print(ask.cmdOk);
+  EXPECT_THAT(printer.titles, ElementsAre("a_2FitParam"));
+  ASSERT_EQ(printer.pages.size(), 1u);
+  EXPECT_THAT(printer.pages[0].Texts(),
+              ElementsAre("Peak Report", "  Measurement Name : run 7", "Peak(Ch)", "Peak(keV)",
+                          "Intensity", "FWHM(Ch)", "FWHM(keV)", "FWHM(d)", "Amplitude", "Gauss(%)",
+                          "Type", "100.5000", "2.5201", "1234.50", "3.00", "0.060", "1.130",
+                          "5000.25", "75.0", "E", "1501.2500", "32.7788", "98765.43", "4.25",
+                          "0.085", "0.011", "1234567.89", "100.0", "N"));
+}
+
+TEST_F(PrintedPeakReport, HundredPeaksTakeAsManySheetsAsTheyNeed) {
+  for (int i = 2; i < kMaxPeaks; ++i) Enter(data_no, {10, 1600.0 + i, 1}, 1, 2);
+  Print(ask.cmdOk);
+  // 600 x 1000 pixels in portrait: 52 lines of 17 pixels between header and foot.
+  ASSERT_EQ(printer.pages.size(), 2u);
+  EXPECT_THAT(printer.pages[1].Texts(), testing::Contains("2 / 2"));
+}
+
+TEST_F(PrintedPeakReport, CancelPrintsNothing) {
+  Print(ask.cmdCan);
+  EXPECT_THAT(printer.titles, IsEmpty());
+}
+
+TEST_F(PrintedPeakReport, PreviewShowsTheSheetAndPrintsNothing) {
+  host.ExpectModal([this](Form&) {
+    host.ExpectModal([this](Form&) {
+      host.ExpectModal([this](Form& shown) {
+        EXPECT_EQ(shown.Name(), "frmPreView");
+        RecordingPage page;
+        preview.DrawSheet(page);
+        EXPECT_THAT(page.Texts(), testing::Contains("Peak Report"));
+        shown.Hide();
+      });
+      ask.cmdPreview.Press();
+    });
+    form.cmdPrint.Press();
+    form.Hide();
+  });
+  form.Open(0);
+  EXPECT_THAT(printer.titles, IsEmpty());
+}
+
+TEST_F(PrintedPeakReport, PrinterThatIsNotReadyIsTold) {
+  printer.ready = false;
+  dialogs.ExpectMessage("Printer not ready");
+  Print(ask.cmdOk);
 }
 
 }  // namespace

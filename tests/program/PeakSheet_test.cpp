@@ -6,6 +6,7 @@
 
 #include "display/RecordingPage.h"
 #include "processing/Units.h"
+#include "support/Rounding.h"
 
 namespace dorvane {
 namespace {
@@ -105,7 +106,8 @@ TEST_F(PeakSheetTest, LettersShrinkUntilTheColumnsFitTheWidth) {
   const auto strokes = Sheet(0, {400, 600, 1});
   EXPECT_LT(Find(strokes, "Intensity").font_size, wide);
   for (const Stroke& stroke : strokes) {
-    if (stroke.kind == Stroke::Kind::Line) EXPECT_NEAR(stroke.to.x, 400, 1e-9);
+    if (stroke.kind != Stroke::Kind::Line) continue;
+    EXPECT_NEAR(stroke.to.x, 400, 1e-9);
   }
 }
 

@@ -33,7 +33,8 @@ QGridLayout* Tables(const frmPeakReport& form, FormWindow& window) {
 }  // namespace
 
 void LayOut(frmPeakReport& form, FormWindow& window) {
-  QHBoxLayout* foot = ButtonRow(window, {&form.cmdPkSet, &form.cmdSave, &form.cmdClose});
+  QHBoxLayout* foot =
+      ButtonRow(window, {&form.cmdPkSet, &form.cmdSave, &form.cmdPrint, &form.cmdClose});
   foot->insertWidget(0, CopyButton(window.As<GridView>(form.sprPeakInf), window.centralWidget()));
   QVBoxLayout* column = WindowColumn(window);
   column->addLayout(Tables(form, window), 1);

@@ -6,10 +6,12 @@
 #include <QTableView>
 #include <QTimer>
 
+#include "forms/FakePrinter.h"
 #include "forms/frmPeakReport.h"
 #include "program/PeakFixture.h"
 #include "qt/binding/BindingFixture.h"
 #include "qt/views/Views.h"
+#include "support/MemorySettings.h"
 
 namespace dorvane {
 namespace {
@@ -55,7 +57,12 @@ class PeakReportViewTest : public PeakFitTest {
 
   std::int16_t data_no = 0;
   QtFormHost screen;
-  frmPeakReport form{program, screen};
+  MemorySettings settings;
+  FakePrinter printer;
+  frmPrint ask{program, screen, settings};
+  frmPreView preview{screen};
+  Printing printing{program, ask, preview, printer};
+  frmPeakReport form{program, screen, printing};
   FormViews windows{screen};
 };
 
