@@ -57,7 +57,8 @@ bool IsThere(Program& program, const std::string& path) {
 
 bool MayReplace(Program& program, const std::string& path) {
   Question question;
-  question.text = "The file of the standard errors exists. Replace it?\n" + path;
+  question.text = "The file of the standard errors exists. Replace it?";
+  question.text += "\n" + path;
   return program.ports.dialogs.AskYesNo(question);
 }
 
