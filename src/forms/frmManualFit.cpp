@@ -8,6 +8,7 @@
 #include "forms/PeakTexts.h"
 #include "processing/RoiOpe.h"
 #include "program/Commands.h"
+#include "program/Cursor.h"
 #include "program/PeakFit.h"
 #include "program/PeakSep.h"
 #include "support/NumberText.h"
@@ -22,6 +23,8 @@ constexpr int kCursorReach = 10;     // channels below the cursor that are its s
 constexpr int kCursorWidth = 20;     // channels in all
 constexpr int kHighestFitCh = 4096;  // the last channel that a region may end in
 constexpr const char* kRegionError = "StartChannel or EndChannel Error";
+constexpr const char* kRegionHint = "First mark a region within channels 2 to 4096.";
+constexpr const char* kCenterHint = " lies outside: \"Input\" takes the cursor's channel.";
 
 // A typed number, rounded; nothing for what is no number or has no place in T.
 template <typename T>
@@ -35,6 +38,10 @@ std::optional<T> WholeNumberOf(std::string_view text) {
 
 bool IsFitChannel(int channel) {
   return channel > 0 && channel <= kHighestFitCh;
+}
+
+bool IsFitRegion(const AreaRegion& area) {
+  return IsFitChannel(area.start) && IsFitChannel(area.end);
 }
 
 }  // namespace
@@ -58,6 +65,7 @@ void frmManualFit::ConnectRow(int index) {
     if (const auto channel = WholeNumberOf<std::int16_t>(txtCenterCh[index].Text())) {
       SetCenterCh(index, *channel);
     }
+    ShowHint();
   });
   txtMaxCount[index].Left.Connect([this, index] {
     if (const auto count = WholeNumberOf<std::int32_t>(txtMaxCount[index].Text())) {
@@ -116,6 +124,23 @@ void frmManualFit::SetValue() {
   txtPeakNum.SetText(std::to_string(PeakNum()));
   txtParamNum.SetText(std::to_string(ParamNum()));
   EnableRows(program_.workspace.ExpressFit == 0 ? PeakNum() : 1);
+  ShowHint();
+}
+
+// What the fit of a region would be refused for.
+void frmManualFit::ShowHint() {
+  std::string hint;
+  if (program_.workspace.ExpressFit == 0) {
+    if (!IsFitRegion(MarkedArea(program_.view))) {
+      hint = kRegionHint;
+    } else {
+      for (int i = PeakNum() - 1; i >= 0; --i) {
+        if (CenterCh(i) >= StartCh() && CenterCh(i) <= EndCh()) continue;
+        hint = "Peak " + std::to_string(i + 1) + kCenterHint;
+      }
+    }
+  }
+  lblHint.SetCaption(hint);
 }
 
 void frmManualFit::SetPeakNum(std::int16_t count) {
@@ -138,6 +163,7 @@ void frmManualFit::txtPeakNum_Change() {
   SetPeakNum(RoundToInt16(*number));
   txtParamNum.SetText(std::to_string(kParametersPerPeak * PeakNum()));
   EnableRows(PeakNum());
+  ShowHint();
 }
 
 // Only told: the number of parameters of the fit follows from the peaks.
@@ -154,6 +180,7 @@ void frmManualFit::cmdGetValue_Click(int index) {
   SetMaxCount(index, *count);
   txtCenterCh[index].SetText(std::to_string(CenterCh(index)));
   txtMaxCount[index].SetText(std::to_string(MaxCount(index)));
+  ShowHint();
 }
 
 void frmManualFit::cmdExecute_Click() {
@@ -189,8 +216,8 @@ void frmManualFit::Execute() {
 
 // KEPT: a region that begins in channel 0 is refused as one without an area is.
 void frmManualFit::NaxRegionFit(int win_no, int grp_no) {
-  const AreaRegion area = GetRegions(program_.view);
-  if (!IsFitChannel(area.start) || !IsFitChannel(area.end)) {
+  const AreaRegion area = TakeArea(program_);
+  if (!IsFitRegion(area)) {
     program_.ports.dialogs.Message(kRegionError);
     return;
   }

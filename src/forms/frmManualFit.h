@@ -61,6 +61,7 @@ class frmManualFit : public Form {
   ControlArray<TextBox> txtMaxCount{controls_, "txtMaxCount", kManualPeaks, "MAX COUNT"};
   ControlArray<TextBox> txtWidth{controls_, "txtWidth", kManualPeaks, "WIDTH"};
   ControlArray<Button> cmdGetValue{controls_, "cmdGetValue", kManualPeaks, "Input"};
+  Label lblHint{controls_, "lblHint"};  // what "Execute" still lacks
   Button cmdExecute{controls_, "cmdExecute", "Execute"};
   Button cmdCancel{controls_, "cmdCancel", "Cancel"};
 
@@ -69,6 +70,7 @@ class frmManualFit : public Form {
   void Form_Unload();
   void ConnectRow(int index);
   void TakeRegion();
+  void ShowHint();
   void EnableRows(int count);
   int DataNo() const;
   void Execute();

@@ -83,12 +83,12 @@ std::int16_t Calib_Auto(Program& program, std::int16_t mode,
       program.ports.dialogs.Message("Plz Set ROI");
       return kFalse;
     }
+    // Either takes the area, so that it is cleared.
     if (mode != 0) {
       Split(program);
     } else {
       Fit(program);
     }
-    ClearArea(program);
     CsrX_Change(program, start);
     PeakJump(program, 1);
     cmdCsrSet_Click();

@@ -70,10 +70,10 @@ void SetArea(Program& program, int start, int end) {
   program.Listener().CursorMoved();
 }
 
-void ClearArea(Program& program) {
-  program.view.AreaStart = kNoEnd;
-  program.view.AreaEnd = kNoEnd;
+AreaRegion TakeArea(Program& program) {
+  const AreaRegion area = GetRegions(program.view);
   program.Listener().CursorMoved();
+  return area;
 }
 
 void PeakJump(Program& program, int direction) {

@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "processing/RoiOpe.h"
 #include "program/Program.h"
 
 namespace dorvane {
@@ -22,7 +23,8 @@ void ToggleAreaCursor(Program& program);
 
 // Ends of the area cursor in any order; equal ends count as no area.
 void SetArea(Program& program, int start, int end);
-void ClearArea(Program& program);
+// The range of the area cursor, taken by a command: it is cleared, also on the screen.
+AreaRegion TakeArea(Program& program);
 
 // Goes to the next peak of the current graph: direction 0 left, 1 right. With the area cursor on,
 // the area becomes Center +- 2*HalfWidth of the peak under the cursor, within 0..MaxCh.

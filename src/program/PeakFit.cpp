@@ -9,6 +9,7 @@
 #include "fitting/CalWaveSprit.h"
 #include "processing/Calc.h"
 #include "processing/PeakOpe.h"
+#include "program/Cursor.h"
 #include "program/DerivedGraphs.h"
 #include "program/WaitPointer.h"
 #include "support/NumberText.h"
@@ -245,7 +246,7 @@ void FitPeak(Program& program, int win_no) {
   Workspace& workspace = program.workspace;
   std::int16_t& type = workspace.FitParam.FuncType;
   if (type < kGauss || type > kMix) type = kGauss;
-  const AreaRegion area = GetRegions(program.view);
+  const AreaRegion area = TakeArea(program);
   if (!HoldsGraph(workspace, program.view.GraphNo)) return;
   const std::int16_t source = program.view.DataNo;
   const PeakTable before = workspace.Peaks[source];
@@ -306,8 +307,7 @@ void InsertPeaks(Program& program, int win_no, int grp_no, const AreaRegion& are
 }
 
 void InsertPeaksAtCursor(Program& program) {
-  InsertPeaks(program, GetRealWinNo(program.List()), program.view.GraphNo,
-              GetRegions(program.view));
+  InsertPeaks(program, GetRealWinNo(program.List()), program.view.GraphNo, TakeArea(program));
 }
 
 void InsertAllPeaks(Program& program) {
@@ -322,7 +322,7 @@ void DeletePeaks(Program& program) {
   const std::int16_t grp_no = program.view.GraphNo;
   const std::int16_t win_no = GetRealWinNo(list);
   const std::int16_t source = program.view.DataNo;
-  const AreaRegion area = GetRegions(program.view);
+  const AreaRegion area = TakeArea(program);
   if (!HoldsGraph(workspace, grp_no)) return;
   const PeaksInRange range = PeaksOf(program, area);
   if (range.count == 0) return;

@@ -5,7 +5,7 @@
 
 #include "fitting/CalWaveSprit.h"
 #include "processing/PeakOpe.h"
-#include "processing/RoiOpe.h"
+#include "program/Cursor.h"
 #include "program/PeakFit.h"
 #include "program/WaitPointer.h"
 
@@ -37,7 +37,7 @@ void StoreSplit(Program& program, int win_no, int data_no, int first,
 
 void PeakSep(Program& program, int win_no) {
   Workspace& workspace = program.workspace;
-  const AreaRegion area = GetRegions(program.view);
+  const AreaRegion area = TakeArea(program);
   const std::int16_t data_no = program.view.DataNo;
   // KEPT: the peak at the cursor is no group: without an area the start is -1, which ends the
   // command as channel 0 does.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "processing/RoiOpe.h"
 #include "program/Cursor.h"
 #include "program/View.h"
 #include "support/Rounding.h"
@@ -23,10 +22,7 @@ AreaRegion TakeBounds(ViewState& view) {
 AreaRegion TakeRange(Program& program) {
   AreaRegion range;
   // While the area cursor is off its ends are those of the next fit.
-  if (program.view.AreaOn != kFalse) {
-    range = GetRegions(program.view);
-    program.Listener().CursorMoved();
-  }
+  if (program.view.AreaOn != kFalse) range = TakeArea(program);
   return range.valid ? range : TakeBounds(program.view);
 }
 

@@ -446,6 +446,15 @@ TEST_F(frmDialogCalibCFitTest, CalculatesTheStraightLine) {
   EXPECT_EQ(form.lblHint.Caption(), "3 lines, at most 0.0 eV off");
 }
 
+// 0, -0.003 and 0 keV in the indices 0, 1, 2 lie 1, -2 and 1 eV off their level line.
+TEST_F(frmDialogCalibCFitTest, TheWorstLineCanLieBelowTheCurve) {
+  Type(1, "1", "0");
+  Type(2, "2", "-0.003");
+  Type(3, "3", "0");
+  form.cmdCalEng.Press();
+  EXPECT_EQ(form.lblHint.Caption(), "3 lines, at most 2.0 eV off");
+}
+
 // In indices x = n - 1 the same points lie on E = 1.5 + 0.5 x.
 TEST_F(frmDialogCalibCFitTest, TheParabolaHoldsForIndicesAsIsMeant) {
   form.optCnst.SetIndex(1);

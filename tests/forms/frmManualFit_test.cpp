@@ -406,5 +406,53 @@ TEST_F(frmManualFitTest, WithoutAGraphItDoesNotOpen) {
   EXPECT_EQ(workspace.ManualFitOpen, kFalse);
 }
 
+// ---- what "Execute" still lacks
+
+TEST_F(frmManualFitTest, WithoutAUsableRegionTheHintAsksForOne) {
+  constexpr const char* kHint = "First mark a region within channels 2 to 4096.";
+  Work([&] { EXPECT_EQ(form.lblHint.Caption(), kHint); });
+  MarkArea(0, 160);
+  Work([&] { EXPECT_EQ(form.lblHint.Caption(), kHint); });
+  MarkArea(4000, 4097);
+  Work([&] { EXPECT_EQ(form.lblHint.Caption(), kHint); });
+}
+
+TEST_F(frmManualFitTest, APeakOutsideOfTheRegionIsHintedUntilItIsTakenInside) {
+  MarkArea(100, 160);
+  Work([this] {
+    EXPECT_EQ(form.lblHint.Caption(), "Peak 1 lies outside: \"Input\" takes the cursor's channel.");
+    form.cmdGetValue[0].Press();
+    EXPECT_EQ(form.lblHint.Caption(), "");
+    form.txtPeakNum.SetText("2");
+    EXPECT_EQ(form.lblHint.Caption(), "Peak 2 lies outside: \"Input\" takes the cursor's channel.");
+    form.txtCenterCh[1].SetText("160");
+    form.txtCenterCh[1].Leave();
+    EXPECT_EQ(form.lblHint.Caption(), "");
+  });
+}
+
+TEST_F(frmManualFitTest, APeakAtEitherEndOfTheRegionIsInside) {
+  MarkArea(130, 160);
+  Work([this] {
+    form.cmdGetValue[0].Press();
+    EXPECT_EQ(form.lblHint.Caption(), "");
+  });
+  MarkArea(100, 130);
+  Work([this] { EXPECT_EQ(form.lblHint.Caption(), ""); });
+}
+
+TEST_F(frmManualFitTest, TheExpressFamilyLacksNothing) {
+  workspace.ExpressFit = 1;
+  Work([this] { EXPECT_EQ(form.lblHint.Caption(), ""); });
+}
+
+TEST_F(frmManualFitTest, TheAreaIsGoneFromTheScreenAlsoWhereTheFitFails) {
+  MarkArea(100, 160);
+  listener.notices.clear();
+  dialogs.ExpectMessage("Error in Function COND");
+  Execute();
+  EXPECT_THAT(listener.notices, Contains("cursor"));
+}
+
 }  // namespace
 }  // namespace dorvane

@@ -207,6 +207,14 @@ TEST_F(PeakFitTest, TheAreaIsUsedUpByTheCommand) {
   EXPECT_EQ(view.AreaEnd, kNoEnd);
 }
 
+TEST_F(PeakFitTest, AnAreaWithoutPeaksIsGoneFromTheScreenToo) {
+  Show(std::vector<std::int32_t>(300, 0));
+  SetArea(program, 100, 200);
+  listener.notices.clear();
+  FitPeak(program, 0);
+  EXPECT_GE(listener.Count("cursor"), 1);
+}
+
 TEST_F(PeakFitTest, WithoutAnAreaThePeakAtTheCursorIsFitted) {
   const auto data_no = Show(Spectrum(300, 100, {{20000, 100, 6}, {20000, 200, 6}}));
   Enter(data_no, {19000, 100, 5}, 80, 120);
@@ -339,6 +347,16 @@ TEST_F(PeakFitTest, AllPeaksAreFoundOverTheWholeSpectrum) {
   InsertAllPeaks(program);
   EXPECT_EQ(workspace.Peaks[data_no].Count, 2);
   EXPECT_EQ(view.AreaStart, kNoEnd);
+}
+
+TEST_F(PeakFitTest, AnAreaForInsertionOrDeletionIsGoneFromTheScreenToo) {
+  Show(Spectrum(300, 100, {}));
+  for (const auto& command : {InsertPeaksAtCursor, DeletePeaks}) {
+    SetArea(program, 100, 200);
+    listener.notices.clear();
+    command(program);
+    EXPECT_GE(listener.Count("cursor"), 1);
+  }
 }
 
 TEST_F(PeakFitTest, NoToTheQuestionKeepsAllPeaks) {

@@ -172,6 +172,14 @@ TEST_F(PeakSepTest, TheAreaIsUsedUpByTheCommand) {
   EXPECT_EQ(view.AreaStart, kNoEnd);
 }
 
+TEST_F(PeakSepTest, AnAreaWithoutPeaksIsGoneFromTheScreenToo) {
+  Show(Spectrum(300, 100, {}));
+  SetArea(program, 100, 200);
+  listener.notices.clear();
+  PeakSep(program, 0);
+  EXPECT_GE(listener.Count("cursor"), 1);
+}
+
 TEST_F(PeakSepTest, InExpandModeTheGraphIsShownInTheFirstWindow) {
   ShowPair();
   ckbExpand_Click(program, true);

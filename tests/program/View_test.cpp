@@ -445,9 +445,16 @@ TEST_F(CursorTest, TheEndsOfAnAreaComeInAnyOrder) {
   SetArea(program, 90, 20);
   EXPECT_EQ(view.AreaStart, 20);
   EXPECT_EQ(view.AreaEnd, 90);
-  ClearArea(program);
-  EXPECT_EQ(view.AreaStart, kNoEnd);
-  EXPECT_EQ(view.AreaEnd, kNoEnd);
+}
+
+TEST_F(CursorTest, AnAreaThatACommandTakesIsGoneFromTheScreenToo) {
+  SetArea(program, 90, 20);
+  listener.notices.clear();
+  const AreaRegion area = TakeArea(program);
+  EXPECT_EQ(area.start, 20);
+  EXPECT_EQ(area.end, 90);
+  EXPECT_FALSE(MarkedArea(view).valid);
+  EXPECT_EQ(listener.Count("cursor"), 1);
 }
 
 TEST_F(CursorTest, WithoutTheAreaCursorAJumpSetsNoArea) {

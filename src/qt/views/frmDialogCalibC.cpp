@@ -38,7 +38,9 @@ QVBoxLayout* Spectra(frmDialogCalibC& form, FormWindow& window) {
   buttons->addWidget(window.Of(form.cmdDelFile), 0, 1);
   buttons->setRowMinimumHeight(1, kGap);
   buttons->addWidget(Head(window, "Current spectrum"), 2, 0, 1, 2);
-  buttons->addWidget(window.Of(form.cmdSmothBk), 3, 0);
+  QWidget* smooth = window.Of(form.cmdSmothBk);
+  smooth->setMinimumWidth(smooth->sizeHint().width() + 2 * kGap);
+  buttons->addWidget(smooth, 3, 0);
   buttons->addWidget(window.Of(form.cmdFitDel), 3, 1);
   buttons->addWidget(window.Of(form.cmdAuto[0]), 4, 0);
   buttons->addWidget(window.Of(form.cmdAuto[1]), 4, 1);

@@ -1,5 +1,6 @@
 #include "forms/frmManualFit.h"
 
+#include "qt/binding/LabelView.h"
 #include "qt/binding/Layouts.h"
 #include "qt/views/Parts.h"
 #include "qt/views/Views.h"
@@ -78,7 +79,8 @@ void LayOut(frmManualFit& form, FormWindow& window) {
   column->addLayout(Head(form, window));
   column->addSpacing(kGap);
   column->addLayout(PeakRows(form, window));
-  column->addSpacing(kGap);
+  window.As<LabelView>(form.lblHint)->SetElided();
+  column->addWidget(window.Of(form.lblHint));
   column->addStretch();
   column->addLayout(ButtonRow(window, {&form.cmdExecute, &form.cmdCancel}));
   OrderTabs(form, window);
