@@ -1,5 +1,7 @@
 #include "forms/AttachForms.h"
 
+#include "workspace/Colors.h"
+
 namespace dorvane {
 namespace {
 
@@ -8,6 +10,15 @@ const std::vector<std::string>& SpectrumKinds() {
   static const std::vector<std::string> kinds{"npd", "rpt", "cnf", "chn",
                                               "xbm", "xba", "raw", "000"};
   return kinds;
+}
+
+// The program takes the table and draws in it after "OK" alone.
+void EditColors(Program& program, frmSetColor& colors, int first_entry) {
+  colors.SetTbl(program.workspace.ColorTbl);
+  if (!colors.Open(first_entry)) return;
+  ColorTable table;
+  colors.GetTbl(table);
+  UseColors(program, table);
 }
 
 }  // namespace
@@ -74,6 +85,15 @@ void AttachPrinting(frmDorvane& main, frmPrint& print, Printing& printing) {
 void AttachPicture(frmDorvane& main, frmPicture& picture) {
   main.Attach("mnuSavePicture", picture, [&picture] { picture.Open(); });
   main.commands.Bind("mnuCopyPicture", [&picture] { picture.Copy(); });
+}
+
+void AttachSettings(frmDorvane& main, Program& program, frmSetting& setting, frmDispPara& disp_para,
+                    frmSetColor& colors) {
+  main.Attach("CalSet", setting, [&setting] { setting.Open(); });
+  main.Attach("mnuDispPara", disp_para, [&disp_para] { disp_para.Open(); });
+  main.Attach("mnuColor", colors, [&program, &colors] { EditColors(program, colors, 0); });
+  main.Attach("mnuPeakColor", colors,
+              [&program, &colors] { EditColors(program, colors, kColorPeakMark); });
 }
 
 void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice) {

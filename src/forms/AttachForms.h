@@ -6,6 +6,7 @@
 #include "forms/frmCalibCurv.h"
 #include "forms/frmDialogCalibC.h"
 #include "forms/frmDialogLoad.h"
+#include "forms/frmDispPara.h"
 #include "forms/frmDorvane.h"
 #include "forms/frmGrpCalc.h"
 #include "forms/frmInputFitParameter.h"
@@ -18,6 +19,8 @@
 #include "forms/frmResultDirectory.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
+#include "forms/frmSetColor.h"
+#include "forms/frmSetting.h"
 
 namespace dorvane {
 
@@ -51,6 +54,11 @@ void AttachPeakReport(frmDorvane& main, frmPeakReport& report);
 void AttachPrinting(frmDorvane& main, frmPrint& print, Printing& printing);
 // The menu saves that window as a picture, or copies it.
 void AttachPicture(frmDorvane& main, frmPicture& picture);
+
+// "CalSet" and the entries beside it open the dialogs of the settings. The entry of the peaks'
+// colours opens the colour table at the mark of the peaks.
+void AttachSettings(frmDorvane& main, Program& program, frmSetting& setting, frmDispPara& disp_para,
+                    frmSetColor& colors);
 
 // "hkl" opens the lattice form for the current graph of `program`.
 void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice);

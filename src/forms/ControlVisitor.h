@@ -5,6 +5,7 @@ namespace dorvane {
 
 class Button;
 class CheckBox;
+class ColorPatch;
 class ComboBox;
 class Frame;
 class Grid;
@@ -29,6 +30,7 @@ class ControlVisitor {
   virtual ~ControlVisitor() = default;
   virtual void Visit(Button&) = 0;
   virtual void Visit(CheckBox&) = 0;
+  virtual void Visit(ColorPatch&) = 0;
   virtual void Visit(ComboBox&) = 0;
   virtual void Visit(Frame&) = 0;
   virtual void Visit(Grid&) = 0;

@@ -17,6 +17,12 @@ class Label : public Control {
  public:
   using Control::Control;
   void Accept(ControlVisitor& visitor) override;
+  // Shown in the tone of a warning.
+  bool Warning() const { return warning_; }
+  void SetWarning(bool warning) { Store(warning_, warning); }
+
+ private:
+  bool warning_ = false;
 };
 
 // A captioned box about other controls.

@@ -64,6 +64,7 @@ class KeyUseOf : public ControlVisitor {
   void Visit(ToolBar&) override {}
   void Visit(Splitter&) override { use = KeyUse::UpAndDown; }
   void Visit(UpDown&) override { use = KeyUse::UpAndDown; }
+  void Visit(ColorPatch&) override { use = KeyUse::Arrows; }
   void Visit(ComboBox&) override { use = KeyUse::Arrows; }
   void Visit(Grid&) override { use = KeyUse::Arrows; }
   void Visit(ListBox&) override { use = KeyUse::Arrows; }

@@ -80,9 +80,11 @@ const std::array kMenus{
     MenuRow{"mnuCons", "&Calibration...", "mnuCalc", "", "Calib", "Energy calibration", nullptr,
             kSeparated},
     MenuRow{"mnuSetCons", "S&ettings...", "mnuCalc", "", "CalSet", "", nullptr, kSeparated},
-    MenuRow{"mnuDispPara", "&Display Parameters...", "mnuCalc", "", "", "", nullptr},
+    MenuRow{"mnuDispPara", "&Display Parameters...", "mnuCalc", "", "",
+            "Default measurement properties and calibration", nullptr},
     MenuRow{"mnuColor", "C&olours...", "mnuCalc", "", "", "", nullptr},
-    MenuRow{"mnuPeakColor", "&Peak Colours...", "mnuCalc", "", "", "", nullptr},
+    MenuRow{"mnuPeakColor", "&Peak Colours...", "mnuCalc", "", "",
+            "The colour table, at the mark of the peaks", nullptr},
     MenuRow{"mnuResultDirectory", "&Result Directory...", "mnuCalc", "", "",
             "Where \"Data Save\" of the lattice form writes", nullptr},
 

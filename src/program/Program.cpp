@@ -30,6 +30,7 @@ void SetStartValues(Program& program) {
 
 void UseColors(Program& program, const ColorTable& colors) {
   Workspace& workspace = program.workspace;
+  const ColorTable before = workspace.ColorTbl;
   workspace.ColorTbl = colors;
   program.spect.SetMarkColors(colors[kColorPeakMark], colors[kColorGrid]);
   for (int win_no = 0; win_no < kWindows; ++win_no) {
@@ -37,9 +38,12 @@ void UseColors(Program& program, const ColorTable& colors) {
   }
   for (GraphSlot& slot : workspace.Slots) {
     if (slot.State == kRowEmpty) continue;
-    slot.Color = colors[slot.DataNo];
-    program.Listener().SpectrumShown(slot.WinNo, slot.DataNo);
-    if (slot.Disp == kFalse) program.Listener().GraphShown(slot.WinNo, slot.DataNo, false);
+    if (colors[slot.DataNo] != before[slot.DataNo]) slot.Color = colors[slot.DataNo];
+  }
+  program.Listener().WindowStyleChanged();  // registers curves and marks anew, in the new colours
+  for (const GraphSlot& slot : workspace.Slots) {
+    if (slot.State == kRowEmpty) continue;
+    program.Listener().GraphRecolored(slot.WinNo, slot.DataNo, slot.Color);
   }
   program.Listener().CheckBoxesFilled();
   for (int win_no = 0; win_no < kWindows; ++win_no) program.Listener().RedrawWanted(win_no);

@@ -57,7 +57,8 @@ class Program {
 // colours, ranges, scale.
 void SetStartValues(Program& program);
 
-// Another colour table: all graphs take their colours from it.
+// Another colour table: windows and marks take their colours from it, and each graph whose entry is
+// another one than before; one that has a colour of its own keeps it otherwise.
 void UseColors(Program& program, const ColorTable& colors);
 
 }  // namespace dorvane

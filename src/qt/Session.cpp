@@ -58,6 +58,9 @@ Session::Session(const Places& places, SettingsStore& settings)
       picture(program, host, pictures, settings),
       peak_report(program, host, printing),
       result_directory(program, host, settings),
+      setting(program, host),
+      disp_para(program, host),
+      colors(dialogs, host),
       load(program, host, folders),
       calibration_curve(program, host, printer),
       calibration(program, host,
@@ -81,6 +84,7 @@ Session::Session(const Places& places, SettingsStore& settings)
   AttachPrinting(main, print, printing);
   AttachPicture(main, picture);
   AttachResultDirectory(main, result_directory);
+  AttachSettings(main, program, setting, disp_para, colors);
   AttachCalibration(main, calibration);
   AddViews();
   FormWindow* window = form_views.WindowOf(main);
@@ -116,6 +120,10 @@ void Session::AddViews() {
   add(preview);
   add(picture);
   add(result_directory);
+  add(setting);
+  add(disp_para);
+  add(colors);
+  add(colors.dialog);
   add(load);
   add(load.new_path);
   add(calibration_curve);

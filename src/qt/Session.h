@@ -11,6 +11,7 @@
 #include "forms/frmCalibCurv.h"
 #include "forms/frmDialogCalibC.h"
 #include "forms/frmDialogLoad.h"
+#include "forms/frmDispPara.h"
 #include "forms/frmDorvane.h"
 #include "forms/frmGrpCalc.h"
 #include "forms/frmInputFitParameter.h"
@@ -25,6 +26,8 @@
 #include "forms/frmResultDirectory.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
+#include "forms/frmSetColor.h"
+#include "forms/frmSetting.h"
 #include "program/LineMarks.h"
 #include "program/Program.h"
 #include "qt/DesktopLauncher.h"
@@ -86,6 +89,9 @@ class Session : public QObject {
   frmPicture picture;
   frmPeakReport peak_report;
   frmResultDirectory result_directory;
+  frmSetting setting;
+  frmDispPara disp_para;
+  frmSetColor colors;
   SystemFolders folders;
   frmDialogLoad load;
   frmCalibCurv calibration_curve;

@@ -15,6 +15,17 @@ constexpr Color Rgb(int red, int green, int blue) {
   return red | (green << 8) | (blue << 16);
 }
 
+// The components of a colour, 0..255 each; a byte above the blue one is none of them.
+constexpr int RedOf(Color color) {
+  return color & 0xFF;
+}
+constexpr int GreenOf(Color color) {
+  return (color >> 8) & 0xFF;
+}
+constexpr int BlueOf(Color color) {
+  return (color >> 16) & 0xFF;
+}
+
 struct Point {
   double x = 0;
   double y = 0;

@@ -78,8 +78,9 @@ struct Workspace {
   std::string UserDataDir;
   std::int16_t LastDataType = 0;
 
-  MeasProp DefaultProp;  // defaults of new spectra, among them the default calibration
-  MeasProp LastProp;     // kept by the property form between spectra
+  MeasProp DefaultProp;          // defaults of new spectra, among them the default calibration
+  MeasProp LastProp;             // kept by the property form between spectra
+  std::int32_t PresetCount = 0;  // default of a measurement that ends at a number of counts
   FitParamSet FitParam;
   std::array<char, kDisplayDefaultsSize> DisplayDefaults{};  // only carried, as FitParam's tail
   std::int16_t SkipLastProp = 0;  // other than 0: the parameter file ends before LastProp

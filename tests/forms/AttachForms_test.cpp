@@ -24,6 +24,9 @@ class AttachFormsTest : public MainFormTest {
   frmAtom atom{program, host, store, settings, line_marks};
   frmGrpCalc arithmetic{program, host};
   frmPeakCal lattice{program, host, settings, line_marks};
+  frmSetting setting{program, host};
+  frmDispPara disp_para{program, host};
+  frmSetColor colors{dialogs, host};
   SystemFolders folders;
   FakePrinter printer;
   frmDialogLoad load{program, host, folders};
@@ -71,6 +74,59 @@ TEST_F(AttachFormsTest, ThePeakMenuOpensTheFormsThatTakePeaksByHand) {
   }
   EXPECT_THAT(host.Shown(),
               testing::ElementsAre("frmManualFit", "frmManualFit", "frmInputFitParameter"));
+}
+
+TEST_F(AttachFormsTest, TheSettingsOpenFromTheirMenuEntriesAndTheToolBar) {
+  for (const char* name : {"mnuSetCons", "mnuDispPara", "mnuColor", "mnuPeakColor"}) {
+    EXPECT_FALSE(Menu(name).Enabled()) << name;
+  }
+  AttachSettings(form, program, setting, disp_para, colors);
+  for (const char* name : {"mnuSetCons", "mnuDispPara", "mnuColor", "mnuPeakColor"}) {
+    EXPECT_TRUE(Menu(name).Enabled()) << name;
+    host.ExpectModal([](Form& opened) { opened.Hide(); });
+    Menu(name).Choose();
+  }
+  host.ExpectModal([](Form& opened) { opened.Hide(); });
+  form.tool_bars.tlbrCalc.Press("CalSet");
+  EXPECT_THAT(host.Shown(), testing::ElementsAre("frmSetting", "frmDispPara", "frmSetColor",
+                                                 "frmSetColor", "frmSetting"));
+}
+
+TEST_F(AttachFormsTest, ThePeaksColoursOpenTheTableAtTheirMark) {
+  AttachSettings(form, program, setting, disp_para, colors);
+  host.ExpectModal([this](Form& opened) {
+    EXPECT_EQ(colors.FirstEntry().Caption(), "Peak Mark");
+    opened.Hide();
+  });
+  Menu("mnuPeakColor").Choose();
+  host.ExpectModal([this](Form& opened) {
+    EXPECT_EQ(colors.FirstEntry().Caption(), "Graph1");
+    opened.Hide();
+  });
+  Menu("mnuColor").Choose();
+}
+
+TEST_F(AttachFormsTest, TheProgramTakesTheColoursAfterOkAlone) {
+  AttachSettings(form, program, setting, disp_para, colors);
+  const auto data_no = ShowSpectrum();
+  const ColorTable before = workspace.ColorTbl;
+  for (const bool ok : {false, true}) {
+    host.ExpectModal([this, ok](Form&) {
+      EXPECT_EQ(colors.cmdColor[0].Fill(), workspace.ColorTbl[0]);
+      host.ExpectModal([this](Form&) {
+        colors.dialog.picColor[0].Press();  // black
+        colors.dialog.cmdOk.Press();
+      });
+      colors.cmdColor[0].Press();
+      ok ? colors.cmdOk.Press() : colors.cmdCansel.Press();
+    });
+    listener.notices.clear();
+    Menu("mnuColor").Choose();
+    EXPECT_EQ(workspace.ColorTbl == before, !ok);
+    EXPECT_EQ(Row(0).Color, ok ? Rgb(0, 0, 0) : before[0]);
+    EXPECT_EQ(program.spect.CurveOf(0, data_no).Color, Row(0).Color);
+    EXPECT_EQ(listener.notices.empty(), !ok);
+  }
 }
 
 TEST_F(AttachFormsTest, AtomOpensThePeriodicTableForTheCurrentGraphFromBothToolBarsAndTheMenu) {

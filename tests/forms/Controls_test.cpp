@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "forms/ColorPatch.h"
 #include "forms/FormFixture.h"
 #include "forms/Grid.h"
 #include "forms/Menus.h"
@@ -59,6 +60,22 @@ TEST_F(ControlsTest, HandlersRunInTheOrderOfTheirConnection) {
   button.Click.Connect([&] { order += "b"; });
   button.Press();
   EXPECT_EQ(order, "ab");
+}
+
+TEST_F(ControlsTest, APatchTellsThatItHasAnotherColour) {
+  ColorPatch patch(controls, "cmdColor");
+  int shown = 0;
+  patch.Shown.Connect([&shown] { ++shown; });
+  EXPECT_FALSE(patch.Fill().has_value());
+  patch.SetFill(Rgb(1, 2, 3));
+  EXPECT_EQ(patch.Fill(), Rgb(1, 2, 3));
+  EXPECT_EQ(patch.Tip(), "Red 1, green 2, blue 3");
+  EXPECT_GT(shown, 0);
+  shown = 0;
+  patch.SetFill(Rgb(1, 2, 3));
+  EXPECT_EQ(shown, 0);
+  patch.SetFill({});
+  EXPECT_EQ(patch.Tip(), "");
 }
 
 TEST_F(ControlsTest, ValidationRefusesToLetTheFocusGo) {

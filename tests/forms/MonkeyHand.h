@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "forms/ColorPatch.h"
 #include "forms/ControlVisitor.h"
 #include "forms/Controls.h"
 #include "forms/Grid.h"
@@ -32,6 +33,9 @@ class MonkeyHand : public ControlVisitor {
   void Visit(CheckBox& box) override {
     const bool on = !box.Checked();
     Do(on ? "check" : "uncheck", [&] { box.SetChecked(on); });
+  }
+  void Visit(ColorPatch& patch) override {
+    Do("press", [&] { patch.Press(); });
   }
   void Visit(ComboBox& box) override { ChooseIn(box); }
   void Visit(ListBox& box) override { ChooseIn(box); }

@@ -46,6 +46,9 @@ class MonkeyRun {
         arithmetic(*program, outside.host),
         lattice(*program, outside.host, outside.settings, line_marks),
         result_directory(*program, outside.host, outside.settings),
+        setting(*program, outside.host),
+        disp_para(*program, outside.host),
+        colors(outside.dialogs, outside.host),
         load(*program, outside.host, folders),
         curve(*program, outside.host, printer),
         calibration(*program, outside.host, WindowsOfCalibration(outside)),
@@ -63,6 +66,7 @@ class MonkeyRun {
     AttachArithmetic(main, arithmetic);
     AttachLattice(main, *program, lattice);
     AttachResultDirectory(main, result_directory);
+    AttachSettings(main, *program, setting, disp_para, colors);
     AttachCalibration(main, calibration);
     main.Ended.Connect([this] { ended = true; });
   }
@@ -82,6 +86,9 @@ class MonkeyRun {
   frmGrpCalc arithmetic;
   frmPeakCal lattice;
   frmResultDirectory result_directory;
+  frmSetting setting;
+  frmDispPara disp_para;
+  frmSetColor colors;
   SystemFolders folders;
   FakePrinter printer;
   frmDialogLoad load;

@@ -6,6 +6,7 @@
 
 #include "program/DerivedGraphs.h"
 #include "program/ProgramFixture.h"
+#include "workspace/Colors.h"
 
 namespace dorvane {
 namespace {
@@ -158,6 +159,34 @@ TEST_F(EngineTest, AnotherColourTableColoursRowsCurvesAndMarksAndShowsNothingHid
   EXPECT_EQ(Row(0).Color, 0x123456);
   EXPECT_EQ(program.spect.CurveOf(0, data_no).Color, 0x123456);
   EXPECT_EQ(program.spect.CurveOf(0, data_no).Shown, kFalse);
+}
+
+TEST_F(EngineTest, AGraphWithAColourOfItsOwnKeepsItUntilItsEntryChanges) {
+  const auto data_no = Show({1, 2, 3});
+  ChgStrColor_chkGrp(list, 0, 0, 0x00FF00);
+  ColorTable colors = workspace.ColorTbl;
+  colors[kColorPeakMark] = 0x123456;
+  UseColors(program, colors);
+  EXPECT_EQ(Row(0).Color, 0x00FF00);
+  EXPECT_EQ(program.spect.CurveOf(0, data_no).Color, 0x00FF00);
+  colors[data_no] = 0x654321;
+  UseColors(program, colors);
+  EXPECT_EQ(program.spect.CurveOf(0, data_no).Color, 0x654321);
+}
+
+TEST_F(EngineTest, PeaksThatAreMarkedTakeTheirNewColour) {
+  const auto data_no = Show(std::vector<std::int32_t>(200, 5));
+  PeakRec& peak = workspace.Peaks[data_no].Peaks[0];
+  peak.Center = 100;
+  peak.RegionStart = 90;
+  peak.RegionEnd = 110;
+  workspace.Peaks[data_no].Count = 1;
+  list.listener.PeakMarked(0, data_no, peak);
+  ColorTable colors = workspace.ColorTbl;
+  colors[kColorPeakCurve] = 0x123456;
+  UseColors(program, colors);
+  EXPECT_EQ(program.spect.CurveOf(0, data_no).PointColors[100], 0x123456);
+  EXPECT_EQ(program.spect.PeakLinesOf(0).Count(), 1);
 }
 
 TEST_F(EngineTest, AHiddenGraphIsNotDrawn) {

@@ -77,6 +77,10 @@ void FormWindow::SetTabOrder(const std::vector<QWidget*>& widgets) {
   }
 }
 
+void FormWindow::SetFirstFocus(const Control& control) {
+  first_focus_ = [&control]() -> const Control& { return control; };
+}
+
 void FormWindow::SetDefaultButton(const Button& button) {
   default_button_ = &button;
   if (auto* widget = As<QPushButton>(button)) widget->setDefault(true);
@@ -88,9 +92,10 @@ void FormWindow::SetCancelButton(Button& button) {
 
 void FormWindow::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
-  if (first_focus_ == nullptr || event->spontaneous()) return;
-  first_focus_->setFocus();
-  if (auto* edit = qobject_cast<QLineEdit*>(first_focus_)) edit->selectAll();
+  if (!first_focus_ || event->spontaneous()) return;
+  QWidget* first = Of(first_focus_());
+  first->setFocus();
+  if (auto* edit = qobject_cast<QLineEdit*>(first)) edit->selectAll();
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

@@ -49,7 +49,9 @@ class FormWindow : public QMainWindow {
   // The way of the Tab key: through these widgets and those within them, one after the other.
   void SetTabOrder(const std::vector<QWidget*>& widgets);
   // Has the focus, its text selected, each time the window comes up.
-  void SetFirstFocus(const Control& control) { first_focus_ = Of(control); }
+  void SetFirstFocus(const Control& control);
+  // The same where it is asked for each time.
+  void SetFirstFocus(std::function<const Control&()> control) { first_focus_ = std::move(control); }
   void SetDefaultButton(const Button& button);
   // Escape presses it even where a box refuses to be left, as closing the window does.
   void SetCancelButton(Button& button);
@@ -65,7 +67,7 @@ class FormWindow : public QMainWindow {
   Form& form_;
   QWidget* holder_;
   std::map<const Control*, QObject*> objects_;
-  QWidget* first_focus_ = nullptr;
+  std::function<const Control&()> first_focus_;
   const Button* default_button_ = nullptr;
   Button* cancel_button_ = nullptr;
 };

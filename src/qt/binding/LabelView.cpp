@@ -9,6 +9,13 @@ namespace dorvane {
 namespace {
 
 constexpr const char* kLeastText = "0.000000...";
+constexpr QRgb kWarningOnLight = 0xFFB02024;
+constexpr QRgb kWarningOnDark = 0xFFFF8A80;
+
+QColor WarningColor(const QPalette& palette) {
+  const bool dark = palette.color(QPalette::Window).lightness() < 128;
+  return QColor::fromRgb(dark ? kWarningOnDark : kWarningOnLight);
+}
 
 }  // namespace
 
@@ -16,6 +23,11 @@ void LabelView::SetElided() {
   elided_ = true;
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   updateGeometry();
+}
+
+void LabelView::SetWarning(bool warning) {
+  warning_ = warning;
+  update();
 }
 
 QSize LabelView::minimumSizeHint() const {
@@ -38,13 +50,16 @@ bool LabelView::event(QEvent* event) {
 }
 
 void LabelView::paintEvent(QPaintEvent* event) {
-  if (!elided_) {
+  if (!elided_ && !warning_) {
     QLabel::paintEvent(event);
     return;
   }
   QStylePainter painter(this);
-  const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
-  painter.drawItemText(rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), shown,
+  const QString shown =
+      elided_ ? fontMetrics().elidedText(text(), Qt::ElideRight, width()) : text();
+  QPalette colors = palette();
+  if (warning_) colors.setColor(foregroundRole(), WarningColor(colors));
+  painter.drawItemText(rect(), Qt::AlignLeft | Qt::AlignVCenter, colors, isEnabled(), shown,
                        foregroundRole());
 }
 

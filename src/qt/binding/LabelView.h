@@ -1,4 +1,4 @@
-// The widget of a label; it can shorten its text at the end to the room there is.
+// The widget of a label; it can shorten its text at the end to the room there is, and warn.
 #pragma once
 
 #include <QLabel>
@@ -12,6 +12,8 @@ class LabelView : public QLabel {
   using QLabel::QLabel;
   // From now on a text that is too long ends in dots, and the tooltip has it whole.
   void SetElided();
+  // In the colour of warnings, which is told from the ground of a light and of a dark window.
+  void SetWarning(bool warning);
   QSize minimumSizeHint() const override;
   QSize sizeHint() const override;
 
@@ -21,6 +23,7 @@ class LabelView : public QLabel {
 
  private:
   bool elided_ = false;
+  bool warning_ = false;
 };
 
 }  // namespace dorvane

@@ -8,6 +8,7 @@
 #include "forms/Controls.h"
 #include "forms/Grid.h"
 #include "forms/PictureBox.h"
+#include "qt/binding/ColorPatchView.h"
 #include "qt/binding/GridView.h"
 #include "qt/binding/LabelView.h"
 #include "qt/binding/ListWidgets.h"
@@ -76,6 +77,10 @@ void WidgetMaker::Visit(CheckBox& control) {
   Keep(control, box);
 }
 
+void WidgetMaker::Visit(ColorPatch& control) {
+  Keep(control, new ColorPatchView(control, holder_));
+}
+
 void WidgetMaker::Visit(ComboBox& control) {
   Keep(control, MakeComboWidget(control, holder_));
 }
@@ -94,7 +99,10 @@ void WidgetMaker::Visit(Label& control) {
   auto* label = new LabelView(holder_);
   label->setTextFormat(Qt::PlainText);
   label->setFont(TabularFont(label->font()));
-  Mirror(control, label, [&control, label] { label->setText(ToQString(control.Caption())); });
+  Mirror(control, label, [&control, label] {
+    label->setText(ToQString(control.Caption()));
+    label->SetWarning(control.Warning());
+  });
   Keep(control, label);
 }
 

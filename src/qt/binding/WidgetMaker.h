@@ -21,6 +21,7 @@ class WidgetMaker : private ControlVisitor {
  private:
   void Visit(Button& control) override;
   void Visit(CheckBox& control) override;
+  void Visit(ColorPatch& control) override;
   void Visit(ComboBox& control) override;
   void Visit(Frame& control) override;
   void Visit(Grid& control) override;

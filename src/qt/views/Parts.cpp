@@ -3,6 +3,8 @@
 #include <QLineEdit>
 #include <algorithm>
 
+#include "qt/binding/Layouts.h"
+
 namespace dorvane {
 namespace {
 
@@ -10,6 +12,7 @@ constexpr int kReadOutPadding = 6;
 constexpr int kEntryPadding = 16;
 constexpr int kSectionGap = 12;  // on both sides of a rule
 constexpr int kRowGap = 4;
+constexpr int kHintGap = 2;
 constexpr QMargins kMargins(12, 4, 12, 4);
 
 }  // namespace
@@ -53,6 +56,38 @@ QFrame* VerticalRule(QWidget* parent) {
   rule->setFrameShadow(QFrame::Plain);
   rule->setForegroundRole(QPalette::Mid);
   return rule;
+}
+
+HintedFields::HintedFields(FormWindow& window) : window_(window), grid_(new QGridLayout) {
+  grid_->setHorizontalSpacing(kGap);
+  grid_->setVerticalSpacing(kGap);
+  grid_->setColumnStretch(1, 1);
+}
+
+void HintedFields::Add(Control& control, QWidget* field, const Label* hint, QWidget* behind) {
+  QLabel* caption = window_.CaptionOf(control);
+  caption->setMinimumHeight(field->sizeHint().height());
+  auto* line = new QHBoxLayout;
+  line->setSpacing(kGap);
+  line->addWidget(field);
+  if (behind != nullptr) line->addWidget(behind);
+  line->addStretch();
+  auto* cell = new QVBoxLayout;
+  cell->setSpacing(kHintGap);
+  cell->addLayout(line);
+  if (hint != nullptr) {
+    QWidget* words = window_.Of(*hint);
+    words->setFont(SmallFont(words->font()));
+    words->setForegroundRole(QPalette::PlaceholderText);
+    cell->addWidget(words);
+  }
+  const int row = grid_->rowCount();
+  grid_->addWidget(caption, row, 0, Qt::AlignTop);
+  grid_->addLayout(cell, row, 1);
+}
+
+void HintedFields::AddBelow(QWidget* widget) {
+  grid_->addWidget(widget, grid_->rowCount(), 1);
 }
 
 SectionRow::SectionRow(const QList<QWidget*>& sections, QWidget* parent)

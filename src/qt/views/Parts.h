@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QFrame>
+#include <QGridLayout>
 #include <QLabel>
 #include <QList>
 
@@ -19,6 +20,24 @@ QWidget* Entry(FormWindow& window, const Control& control, const QString& widest
 QLabel* SmallCaption(const QString& text, Qt::Alignment alignment, QWidget* parent);
 QFont SmallFont(const QFont& base);
 QFrame* VerticalRule(QWidget* parent);
+
+// Captions beside their fields, one below the other; what is meant by a field stands under it, in
+// small letters. What is hidden takes no room.
+class HintedFields {
+ public:
+  explicit HintedFields(FormWindow& window);
+  // `field` is the widget of the control; `behind` stands behind it, if there is one.
+  void Add(Control& control, QWidget* field, const Label* hint = nullptr,
+           QWidget* behind = nullptr);
+  // Without a caption, in the column of the fields.
+  void AddBelow(QWidget* widget);
+  // The caller puts it into a layout.
+  QGridLayout* Layout() const { return grid_; }
+
+ private:
+  FormWindow& window_;
+  QGridLayout* grid_;
+};
 
 // Sections beside one another with rules between them, in as many rows as the width asks for.
 class SectionRow : public QWidget {

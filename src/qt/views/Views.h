@@ -8,8 +8,10 @@ namespace dorvane {
 class frmAtom;
 class frmCalibCurv;
 class frmDialogCalibC;
+class frmDialogColor;
 class frmDialogLoad;
 class frmDialogMessage;
+class frmDispPara;
 class frmDorvane;
 class frmElement;
 class frmGrpCalc;
@@ -26,12 +28,16 @@ class frmPrint;
 class frmResultDirectory;
 class frmRoiReport;
 class frmSelGraph;
+class frmSetColor;
+class frmSetting;
 
 void LayOut(frmAtom& form, FormWindow& window);
 void LayOut(frmCalibCurv& form, FormWindow& window);
 void LayOut(frmDialogCalibC& form, FormWindow& window);
+void LayOut(frmDialogColor& form, FormWindow& window);
 void LayOut(frmDialogLoad& form, FormWindow& window);
 void LayOut(frmDialogMessage& form, FormWindow& window);
+void LayOut(frmDispPara& form, FormWindow& window);
 // The main form: tool bars, the two graph windows, the read-outs below them, and a status line with
 // a hidden progress bar of this name.
 inline constexpr const char* kProgressBarName = "prgOperation";
@@ -51,5 +57,7 @@ void LayOut(frmPrint& form, FormWindow& window);
 void LayOut(frmResultDirectory& form, FormWindow& window);
 void LayOut(frmRoiReport& form, FormWindow& window);
 void LayOut(frmSelGraph& form, FormWindow& window);
+void LayOut(frmSetColor& form, FormWindow& window);
+void LayOut(frmSetting& form, FormWindow& window);
 
 }  // namespace dorvane

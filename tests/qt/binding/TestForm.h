@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QSplitter>
 
+#include "forms/ColorPatch.h"
 #include "forms/Controls.h"
 #include "forms/Form.h"
 #include "forms/Grid.h"
@@ -59,6 +60,7 @@ class TestForm : public Form {
   CheckBox chkFix{controls_, "chkFix", "Fi&x"};
   ToggleButton tglAtom{controls_, "tglAtom_26", "Fe"};
   OptionGroup optEGC{controls_, "optEGC", {"Default", "This File"}};
+  ColorPatch cmdColor{controls_, "cmdColor", "Graph1"};
   ComboBox cboSmooth{controls_, "cboSmooth", "Smoothing"};
   ListBox lstFiles{controls_, "lstFiles", "Files"};
   Slider sldWidth{controls_, "sldWidth", "Width"};
@@ -91,6 +93,7 @@ inline void LayOut(TestForm& form, FormWindow& window) {
   left->addLayout(fields.Layout());
   left->addWidget(window.Of(form.chkFix));
   left->addWidget(window.Of(form.tglAtom));
+  left->addWidget(window.Of(form.cmdColor));
   left->addWidget(window.Of(form.optEGC));
   left->addStretch();
 
