@@ -43,5 +43,40 @@ TEST_F(PeakReportWindow, HeightOfAFittedPeakIsTypedAndTheCurveFollows) {
   EXPECT_NE(Store().Channels[fit], counts);
 }
 
+// "AutoFit" fits a smoothed curve.
+TEST_F(PeakReportWindow, AutoFitGivesEveryPeakItsErrors) {
+  OpenCorundum();
+  Store().Settings.BgCoef = 5;
+  session->main.commands.Run("AutoFit");
+  Work([this] {
+    const auto* errors = Form().As<QTableView>(session->peak_report.sprPeakErr)->model();
+    EXPECT_GE(errors->rowCount(), 5);
+    for (int row = 0; row < errors->rowCount(); ++row) {
+      EXPECT_GT(errors->index(row, 0).data().toString().toDouble(), 0) << row;
+      EXPECT_GT(errors->index(row, 2).data().toString().toDouble(), 0) << row;
+    }
+  });
+}
+
+TEST_F(PeakReportWindow, IsShownOnItsSheetByPrintAndPreview) {
+  OpenCorundum();
+  session->main.commands.Run("NaxAllFit");
+  Work([this] {
+    QString sheet;
+    QTimer::singleShot(0, [&] {
+      QTimer::singleShot(0, [&] {
+        FormWindow& shown = *session->form_views.WindowOf(session->preview);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&shown));
+        sheet = shown.windowTitle();
+        QTest::keyClick(&shown, Qt::Key_Escape);
+      });
+      QTest::mouseClick(session->form_views.WindowOf(session->print)->Of(session->print.cmdPreview),
+                        Qt::LeftButton);
+    });
+    QTest::mouseClick(Form().Of(session->peak_report.cmdPrint), Qt::LeftButton);
+    EXPECT_EQ(sheet, "Preview");
+  });
+}
+
 }  // namespace
 }  // namespace dorvane

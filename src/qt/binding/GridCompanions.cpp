@@ -22,6 +22,7 @@ QPushButton* CopyButton(const GridView* grid, QWidget* parent) {
 
 void ScrollTogether(GridView* left, GridView* right) {
   left->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  left->setMinimumWidth(left->minimumWidth() - left->verticalScrollBar()->sizeHint().width());
   for (GridView* grid : {left, right}) {
     // One that had a bar below its rows would show fewer of them.
     grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

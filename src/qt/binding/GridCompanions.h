@@ -10,8 +10,8 @@ namespace dorvane {
 // "Copy", named cmdCopy: the whole table with its headings as tab-separated text.
 QPushButton* CopyButton(const GridView* grid, QWidget* parent);
 
-// Whichever is scrolled, both show the same rows; the right one has the scroll bar. The caller
-// gives them the same height.
+// Whichever is scrolled, both show the same rows; the right one has the scroll bar, and the left
+// one does without the room for it (SetLeastRows). The caller gives them the same height.
 void ScrollTogether(GridView* left, GridView* right);
 
 }  // namespace dorvane
