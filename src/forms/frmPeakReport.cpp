@@ -122,7 +122,7 @@ void frmPeakReport::ShowHint() {
                        : std::to_string(count) + " peaks. ";
   if (count > 0) {
     hint +=
-        "Channel, intensity, width in channels and Gauss% can be typed; \"SET\" takes them over.";
+        "Channel, intensity, FWHM(Ch) and Gauss% can be typed; \"SET\" takes them over.";
   }
   lblHint.SetCaption(hint);
 }

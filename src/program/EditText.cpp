@@ -9,7 +9,6 @@ namespace dorvane {
 namespace {
 
 constexpr double kPercent = 100;
-constexpr int kCellDigits = 7;
 
 // The picture has a fixed number of places behind its point, so that its own length aligns it.
 std::string Field(double value, std::string_view picture) {
@@ -50,12 +49,7 @@ std::string TimeText(const FixedText<6>& time) {
 }  // namespace
 
 std::string CellNumber(double value) {
-  return ShortNumber(value, kCellDigits);
-}
-
-std::string ShortNumber(double value, int digits) {
-  const std::string decimals(static_cast<std::size_t>(digits - 1), '0');
-  const auto rounded = ParseNumber(Picture(value, "0." + decimals + "E+000"));
+  const auto rounded = ParseNumber(Picture(value, "0.000000E+000"));
   return PlainNumber(rounded.value_or(value));
 }
 

@@ -12,8 +12,6 @@ namespace dorvane {
 
 // A number of the peak table as a cell shows it: seven significant digits at most, no padding.
 std::string CellNumber(double value);
-// The same with a number of digits of its own, 1..15.
-std::string ShortNumber(double value, int digits);
 
 // Width of a peak in d (angstrom): the d of its lower half-height point less that of its upper one.
 // 0 without a detector angle.

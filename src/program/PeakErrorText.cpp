@@ -9,10 +9,15 @@ namespace dorvane {
 namespace {
 
 constexpr double kPercent = 100;
-constexpr int kErrorDigits = 4;
+constexpr const char* kErrorDigits = "0.00E+000";
 
 std::string PeakHeading(int unit) {
   return "Peak(" + std::string(UnitLabel(unit)) + ")";
+}
+
+// Without an exponent, so that the numbers of a column compare.
+std::string ErrorText(double error) {
+  return DecimalNumber(ParseNumber(Picture(error, kErrorDigits)).value_or(error));
 }
 
 // 0 where either end has no value in the unit.
@@ -47,7 +52,7 @@ PeakErrorTexts PeakErrorsOf(const Workspace& workspace, const PeakRec& peak, con
                             int unit) {
   PeakErrorTexts texts;
   const auto put = [&texts](PeakErrorColumn column, double error) {
-    if (error != 0) texts[column] = ShortNumber(error, kErrorDigits);
+    if (error != 0) texts[column] = ErrorText(error);
   };
   put(kErrorPeakCh, peak.Errors.Center);
   put(kErrorPeakUnit, CenterErrorIn(unit, workspace, peak, source));

@@ -23,7 +23,7 @@ using PeakErrorTexts = std::array<std::string, kPeakErrorColumns>;
 
 // The columns' headings, as those of the values.
 PeakErrorTexts PeakErrorHeadings(int unit);
-// Four significant digits at most; empty where an error is unknown. The errors in the unit and in
+// Three significant digits at most; empty where an error is unknown. The errors in the unit and in
 // keV are those of channels, carried over by the calibration: half of what lies between the value
 // with its error taken off and added.
 PeakErrorTexts PeakErrorsOf(const Workspace& workspace, const PeakRec& peak, const MeasProp& source,

@@ -257,7 +257,7 @@ TEST_F(frmPeakReportTest, StandardErrorsStandInAGridOfTheirOwn) {
                                                         "FWHM(Ch)", "FWHM(keV)", "Gauss%"));
     EXPECT_THAT(ErrorTexts(1), ElementsAre("", "", "", "", "", ""));
     // The slope of the calibration is 0.0230025 keV a channel there.
-    EXPECT_THAT(ErrorTexts(2), ElementsAre("0.5", "0.0115", "31.25", "0.5", "0.01", "1.5"));
+    EXPECT_THAT(ErrorTexts(2), ElementsAre("0.5", "0.0115", "31.3", "0.5", "0.01", "1.5"));
   });
 }
 

@@ -42,21 +42,29 @@ TEST_F(PeakErrorTextTest, HaveTheUnitsOfTheirColumns) {
   Peak().Errors = {.Height = 31.25, .GaussRatio = 0.015, .HalfWidth = 0.25, .Center = 0.5};
   // dE/dn = 0.02 + 2E-6 n = 0.0230025 keV a channel at n = 1501.25; a width of w channels is
   // 0.02 w + 1E-6 w^2 keV, 0.02 + 2E-6 * 4.2469 a channel at its own.
-  EXPECT_THAT(Texts(kUnitKeV), ElementsAre("0.5", "0.0115", "31.25", "0.5", "0.01", "1.5"));
+  EXPECT_THAT(Texts(kUnitKeV), ElementsAre("0.5", "0.0115", "31.3", "0.5", "0.01", "1.5"));
   EXPECT_TRUE(AnyErrorKnown(workspace.Peaks[kData]));
 }
 
 TEST_F(PeakErrorTextTest, OfChannelsAreThoseOfTheFitInBothColumns) {
   Peak().Errors.Center = 0.0123456;
-  EXPECT_EQ(Texts(kUnitCh)[kErrorPeakCh], "0.01235");
-  EXPECT_EQ(Texts(kUnitCh)[kErrorPeakUnit], "0.01235");
+  EXPECT_EQ(Texts(kUnitCh)[kErrorPeakCh], "0.0123");
+  EXPECT_EQ(Texts(kUnitCh)[kErrorPeakUnit], "0.0123");
 }
 
 // d = hc / (2 E sin theta), so that its error is d / E times that of the energy:
 // 3.613538 / 32.7788 * 0.0230025 * 0.1.
 TEST_F(PeakErrorTextTest, OfDAreCarriedOverByTheCalibrationThoughDFallsWithTheChannel) {
   Peak().Errors.Center = 0.1;
-  EXPECT_EQ(Texts(kUnitD)[kErrorPeakUnit], "0.0002536");
+  EXPECT_EQ(Texts(kUnitD)[kErrorPeakUnit], "0.000254");
+}
+
+TEST_F(PeakErrorTextTest, HaveThreeDigitsAndNoExponent) {
+  for (const auto& [error, text] : {std::pair(0.0000123456, "0.0000123"),
+                                    std::pair(0.019996, "0.02"), std::pair(1234.5, "1230")}) {
+    Peak().Errors.Height = error;
+    EXPECT_EQ(Texts(kUnitCh)[kErrorIntensity], text);
+  }
 }
 
 TEST_F(PeakErrorTextTest, OfDAreUnknownWithoutADetectorAngle) {
@@ -80,7 +88,7 @@ TEST_F(PeakErrorTextTest, LinesHaveEightFieldsAndTheUnknownEmpty) {
             "Peak(Ch),Error of Peak(Ch),Error of Peak(keV),Error of Intensity,Error of FWHM(Ch),"
             "Error of FWHM(keV),Error of Gauss(%),Type");
   EXPECT_THAT(lines.peaks,
-              ElementsAre("1501.2500,0.5,0.0115,31.25,0.5,0.01,,N", "100.5000,,,,,,,E"));
+              ElementsAre("1501.2500,0.5,0.0115,31.3,0.5,0.01,,N", "100.5000,,,,,,,E"));
 }
 
 }  // namespace

@@ -23,12 +23,20 @@ QPushButton* CopyButton(const GridView* grid, QWidget* parent) {
 void ScrollTogether(GridView* left, GridView* right) {
   left->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   left->setMinimumWidth(left->minimumWidth() - left->verticalScrollBar()->sizeHint().width());
-  for (GridView* grid : {left, right}) {
-    // One that had a bar below its rows would show fewer of them.
-    grid->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  }
   Follow(left->verticalScrollBar(), right->verticalScrollBar());
   Follow(right->verticalScrollBar(), left->verticalScrollBar());
+  // A bar below one of them only would hide a row of its own.
+  const auto same_bars = [left, right] {
+    const bool needed =
+        left->horizontalScrollBar()->maximum() > 0 || right->horizontalScrollBar()->maximum() > 0;
+    const auto policy = needed ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff;
+    left->setHorizontalScrollBarPolicy(policy);
+    right->setHorizontalScrollBarPolicy(policy);
+  };
+  same_bars();
+  for (const GridView* grid : {left, right}) {
+    QObject::connect(grid->horizontalScrollBar(), &QScrollBar::rangeChanged, right, same_bars);
+  }
 }
 
 }  // namespace dorvane

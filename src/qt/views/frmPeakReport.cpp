@@ -1,5 +1,8 @@
 #include "forms/frmPeakReport.h"
 
+#include <QScreen>
+#include <algorithm>
+
 #include "qt/binding/GridCompanions.h"
 #include "qt/binding/Layouts.h"
 #include "qt/views/Views.h"
@@ -8,6 +11,15 @@ namespace dorvane {
 namespace {
 
 constexpr int kLeastRows = 10;
+constexpr int kLeastErrors = 240;  // pixels
+
+// On a narrow screen the errors scroll.
+void FitToScreen(const GridView* peaks, GridView* errors) {
+  const int room =
+      errors->screen()->availableGeometry().width() - peaks->minimumWidth() - kGap - 2 * kMargin;
+  const int whole = errors->minimumWidth();
+  errors->setMinimumWidth(std::min(whole, std::max(room, kLeastErrors)));
+}
 
 // The peaks, and their errors row by row at the right.
 QGridLayout* Tables(const frmPeakReport& form, FormWindow& window) {
@@ -19,6 +31,7 @@ QGridLayout* Tables(const frmPeakReport& form, FormWindow& window) {
   errors->SetColumnWidths({error, error, error, error, error, error});
   for (GridView* grid : {peaks, errors}) grid->SetLeastRows(kLeastRows);
   ScrollTogether(peaks, errors);
+  FitToScreen(peaks, errors);
   auto* tables = new QGridLayout;
   tables->setHorizontalSpacing(kGap);
   tables->addWidget(window.Of(form.lblHint), 0, 0);
