@@ -48,8 +48,11 @@ void EngineBinding::SpectrumRemoved(int WinNo, int DataNo) {
   const auto last = shown_in_.find(DataNo);
   const bool moved = last != shown_in_.end() && last->second != WinNo;
   const bool shared = view_.ExpandOn != kFalse || view_.PileUpOn != kFalse;
+  if (!moved && marked_.erase(DataNo) > 0) {
+    const PeakTable& peaks = workspace_.Peaks[DataNo];
+    for (int i = 0; i < peaks.Count; ++i) UnmarkPeak(WinNo, DataNo, peaks.Peaks[i]);
+  }
   if (!moved || !shared) spect_.ClearPoints(ViewOf(WinNo), DataNo);
-  if (!moved) marked_.erase(DataNo);
   ListenerFan::SpectrumRemoved(WinNo, DataNo);
 }
 
