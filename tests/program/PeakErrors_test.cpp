@@ -233,6 +233,25 @@ TEST_F(PeakErrorsTest, FitThatDoesNotConvergeLeavesNoneOfAnEarlierOne) {
   EXPECT_FALSE(AnyErrorKnown(Table()));
 }
 
+// The graph of what is left above the background takes the peaks over with their errors.
+TEST_F(PeakErrorsTest, FitOfCalculatedCountsLeavesNoneOfAnEarlierOne) {
+  Draw(Gaussian({2000, 150.3, 6}, 100));
+  FitExpress({1900, 149, 5}, kGauss);
+  EXPECT_TRUE(AnyErrorKnown(Table()));
+  workspace.Spectra[data_no].Prop.Flags = FlagBackRemv;
+  FitOnePeak(program, data_no, 0, kGauss, 4);
+  EXPECT_FALSE(AnyErrorKnown(Table()));
+}
+
+// The flank alone tells where the peak is, but a centre out there is not taken.
+TEST_F(PeakErrorsTest, CentreThatIsPutBackIntoTheRegionHasNone) {
+  Draw(Gaussian({2000, 150.3, 6}, 100));
+  Enter(data_no, {1900, 147, 6}, 125, 147);
+  EXPECT_EQ(FitOnePeak(program, data_no, 0, kGauss, 4).status, 0);
+  EXPECT_EQ(Table().Peaks[0].Center, 125 + 23 / 2.0 - 1);
+  EXPECT_FALSE(AnyErrorKnown(Table()));
+}
+
 TEST_F(PeakErrorsTest, SplitPeaksHaveNone) {
   Draw(Gaussian({2000, 150.3, 6}, 100));
   FitExpress({1900, 149, 5}, kGauss);
