@@ -208,8 +208,10 @@ void frmDorvane::ButtonsChanged() {
   menus.Refresh();
 }
 
+// It names the current graph, which is another one then.
 void frmDorvane::CaptionChanged() {
   menus.Refresh();
+  calibration.Refresh();
   SetCaption(program_.view.Caption);
 }
 

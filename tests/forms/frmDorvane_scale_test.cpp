@@ -275,6 +275,14 @@ TEST_F(ScalePanelTest, WithoutASpectrumItsCalibrationIsOff) {
   EXPECT_TRUE(form.calibration.optEGC.OptionEnabled(1));
 }
 
+TEST_F(ScalePanelTest, WhenTheLastGraphIsClosedNoCalibrationOfAFileStays) {
+  ShowSpectrum();
+  EXPECT_TRUE(form.calibration.lblEGC[1].Enabled());
+  RemoveGraph(list, 0);
+  EXPECT_EQ(form.calibration.lblEGC[1].Caption(), "");
+  EXPECT_EQ(form.calibration.txt2Theta[1].Text(), "");
+}
+
 TEST_F(ScalePanelTest, TheDefaultAngleHasSixPlacesUntilItsFirstEdit) {
   workspace.DefaultProp.TwoTheta = 5.98632;
   form.CalibrationShown();
