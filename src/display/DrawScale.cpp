@@ -221,7 +221,10 @@ void DrawUnitAxis(Surface& panel, const Workspace& workspace, int data_no, int u
   const std::vector<bool> fits = LabelsThatFit(labels, gap);
 
   for (std::size_t i = 0; i < ticks.size(); ++i) {
-    const double x = ticks[i].Position;
+    // The last one of a page stands a channel behind the graph: on its edge where that can't be
+    // told.
+    const double beyond = ticks[i].Position - end;
+    const double x = beyond > 0 && beyond <= pixel.x ? end : ticks[i].Position;
     panel.Box({x, 0}, {x, kTickLength * pixel.y}, ink, 1);
     if (fits[i]) panel.Text({labels[i].from, label_top}, ticks[i].Label, ink);
   }

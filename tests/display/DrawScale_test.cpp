@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "display/RecordingSurface.h"
@@ -224,6 +225,15 @@ TEST_F(UnitAxisTest, PositionsDivideTheWidthAndTheLastIsTheLastChannel) {
 
 TEST_F(UnitAxisTest, OnAPageTheLastPositionIsWhole) {
   EXPECT_EQ(Ticks(kUnitCh, 4, 400, 100, AxisMedium::Page)[4].Position, 500);
+}
+
+TEST_F(UnitAxisTest, TheLastTickOfAPageStandsOnTheEdgeWhereAChannelIsLessThanAPixel) {
+  // 1000 pixels of a recording surface for 4000 channels, then for 100.
+  for (const auto& [width, last] : {std::pair{4000.0, 3999.0}, {100.0, 100.0}}) {
+    RecordingSurface panel;
+    DrawUnitAxis(panel, *workspace, 3, kUnitCh, 4, width, 0, kInk, AxisMedium::Page);
+    EXPECT_EQ(panel.Boxes().back().from.x, last);
+  }
 }
 
 TEST_F(UnitAxisTest, ChannelsAreShownByTheirNumbers) {

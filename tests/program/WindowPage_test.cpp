@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "display/RecordingPage.h"
+#include "processing/Units.h"
 #include "program/EditText.h"
 #include "program/LineMarks.h"
 #include "program/ProgramFixture.h"
@@ -159,6 +160,66 @@ TEST_F(WindowPageTest, SheetShowsTheRangeOfItsWindow) {
   const auto& graph = page.PartWith(Stroke::Kind::Dot);
   EXPECT_EQ(graph.left, 450);
   EXPECT_EQ(graph.right, 549);
+}
+
+TEST_F(WindowPageTest, AnExpansionIsPrintedWithTheRangeAndTheCurvesThatItShows) {
+  ckbExpand_Click(program, true);
+  SetSpanCh(program, 100);
+  SetStartCh(program, 450);
+  ChangeActiveWin(list, 1);
+  const RecordingPage part = Printed();
+  const auto& part_graph = part.PartWith(Stroke::Kind::Dot);
+  EXPECT_EQ(part_graph.left, 450);
+  EXPECT_EQ(part_graph.right, 549);
+  ChangeActiveWin(list, 0);
+  const RecordingPage whole = Printed();
+  EXPECT_EQ(whole.PartWith(Stroke::Kind::Dot).left, 0);
+}
+
+TEST_F(WindowPageTest, UnitAxisHasTheDisplayUnit) {
+  workspace.UseFileEgc = kFalse;
+  workspace.DefaultProp.EGC[0] = 2;
+  workspace.DefaultProp.EGC[1] = 0.05;
+  EXPECT_THAT(Printed().Texts(), IsSupersetOf({"Ch", "1", "251"}));
+  view.DispUnit = kUnitKeV;
+  // Channels number 1, 251 and 1001, the end of the last one.
+  EXPECT_THAT(Printed().Texts(), IsSupersetOf({"keV", "2.1", "14.6", "52.1"}));
+}
+
+TEST_F(WindowPageTest, LogarithmicSheetHasSevenDecadesFromTheTopDown) {
+  SetLogScale(program, true);
+  const RecordingPage page = Printed();
+  EXPECT_THAT(page.Texts(), IsSupersetOf({" 10M", " 1K", " 1"}));
+  const auto& graph = page.PartWith(Stroke::Kind::Dot);
+  EXPECT_EQ(graph.top, 0);
+  EXPECT_EQ(graph.bottom, 7);
+  // Ten counts are one decade above the bottom.
+  const auto dot = std::find_if(graph.strokes.begin(), graph.strokes.end(), [](const Stroke& s) {
+    return s.kind == Stroke::Kind::Dot && s.from.x == 499;
+  });
+  ASSERT_NE(dot, graph.strokes.end());
+  EXPECT_DOUBLE_EQ(dot->from.y, 6);
+}
+
+// The height of 1000 counts has five divisions, and so four lines between them.
+TEST_F(WindowPageTest, DivisionsOfTheCountAxisAreRuledOnPaper) {
+  program.spect.SetDivisions(0, 0);
+  const RecordingPage page = Printed();
+  const auto& graph = page.PartWith(Stroke::Kind::Dot);
+  std::vector<double> rulings;
+  for (const Stroke& stroke : graph.strokes) {
+    if (stroke.kind == Stroke::Kind::Box && stroke.from.y == stroke.to.y) {
+      rulings.push_back(stroke.from.y);
+    }
+  }
+  EXPECT_THAT(rulings, ElementsAre(800, 600, 400, 200));
+}
+
+TEST_F(WindowPageTest, PropertiesAreThoseOfTheCurrentGraph) {
+  const std::int16_t other = Show({1, 2, 3}, "b.npd");
+  workspace.Spectra[other].MsuName.Set("高圧 8");
+  EXPECT_THAT(Printed().Texts(), IsSupersetOf({"b.npd", "高圧 8"}));
+  EXPECT_THAT(Printed().Texts(), Not(Contains("run 7")));
 }
 
 TEST_F(WindowPageTest, TheActiveWindowIsPrintedAndTheOtherOneWhereItIsEmpty) {
