@@ -1,4 +1,4 @@
-// The short handbook keeps step with the tables and the messages of the program.
+// The handbooks keep step with the tables and the messages of the program.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -13,7 +13,6 @@
 namespace dorvane {
 namespace {
 
-using house::Findings;
 using house::Lines;
 
 constexpr std::size_t kColumns = 78;
@@ -85,6 +84,22 @@ bool ShowsABox(const std::string& line) {
          line.find("question.text = \"") != std::string::npos;
 }
 
+void ExpectEveryMessageIn(const Lines& document) {
+  const std::string text = Flat(document);
+  int messages = 0;
+  for (const auto& [path, lines] : house::ReadSourceTree(DORVANE_SOURCE_DIR "/src")) {
+    if (path.starts_with("batch/") || path.starts_with("qt/")) continue;
+    for (const std::string& line : lines) {
+      if (!ShowsABox(line)) continue;
+      for (const std::string& literal : LiteralsOf(line)) {
+        EXPECT_TRUE(text.find(Flat({literal})) != std::string::npos) << path << ": " << literal;
+        ++messages;
+      }
+    }
+  }
+  EXPECT_GT(messages, 20);
+}
+
 TEST(ReadMe, IsWrappedForATerminalAndHoldsNoTab) {
   ASSERT_FALSE(ReadMe().empty());
   for (std::size_t i = 0; i < ReadMe().size(); ++i) {
@@ -114,19 +129,11 @@ TEST(ReadMe, NamesEveryKeyAndWhatTheMouseDoes) {
 }
 
 TEST(ReadMe, HoldsEveryMessageThatTheSourcesShow) {
-  const std::string text = Flat(ReadMe());
-  int messages = 0;
-  for (const auto& [path, lines] : house::ReadSourceTree(DORVANE_SOURCE_DIR "/src")) {
-    if (path.starts_with("batch/") || path.starts_with("qt/")) continue;
-    for (const std::string& line : lines) {
-      if (!ShowsABox(line)) continue;
-      for (const std::string& literal : LiteralsOf(line)) {
-        EXPECT_TRUE(text.find(Flat({literal})) != std::string::npos) << path << ": " << literal;
-        ++messages;
-      }
-    }
-  }
-  EXPECT_GT(messages, 20);
+  ExpectEveryMessageIn(ReadMe());
+}
+
+TEST(Handbook, HoldsEveryMessageThatTheSourcesShow) {
+  ExpectEveryMessageIn(LinesOf(DORVANE_SOURCE_DIR "/docs/handbook.md"));
 }
 
 }  // namespace
