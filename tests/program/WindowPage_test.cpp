@@ -176,6 +176,15 @@ TEST_F(WindowPageTest, AnExpansionIsPrintedWithTheRangeAndTheCurvesThatItShows) 
   EXPECT_EQ(whole.PartWith(Stroke::Kind::Dot).left, 0);
 }
 
+TEST_F(WindowPageTest, APileIsPrintedWithTheGraphsOfBothWindows) {
+  Show({1, 2, 3}, "b.npd");
+  workspace.Slots[1].WinNo = 1;
+  EXPECT_THAT(Drawn().Texts(), Not(Contains("b.npd")));
+  chkWinStyle_Click(program, true);
+  ckbExpand_Click(program, false);
+  EXPECT_THAT(Drawn().Texts(), IsSupersetOf({"a.npd", "b.npd"}));
+}
+
 TEST_F(WindowPageTest, UnitAxisHasTheDisplayUnit) {
   workspace.UseFileEgc = kFalse;
   workspace.DefaultProp.EGC[0] = 2;
@@ -184,6 +193,18 @@ TEST_F(WindowPageTest, UnitAxisHasTheDisplayUnit) {
   view.DispUnit = kUnitKeV;
   // Channels number 1, 251 and 1001, the end of the last one.
   EXPECT_THAT(Printed().Texts(), IsSupersetOf({"keV", "2.1", "14.6", "52.1"}));
+}
+
+TEST_F(WindowPageTest, UnitAxisHasTheCalibrationOfTheGraphSelectedInItsWindow) {
+  workspace.UseFileEgc = kTrue;
+  view.DispUnit = kUnitKeV;
+  const std::int16_t other = Show(std::vector<std::int32_t>(1000, 10), "b.npd");
+  workspace.Spectra[data_no].Prop.EGC[1] = 0.04;
+  workspace.Spectra[other].Prop.EGC[1] = 0.1;
+  Change_cboGrphSel(list, 0, 1);
+  EXPECT_THAT(Printed().Texts(), Contains("100.1"));  // of channel number 1001
+  Change_cboGrphSel(list, 0, 0);
+  EXPECT_THAT(Printed().Texts(), Contains("40.0"));
 }
 
 TEST_F(WindowPageTest, LogarithmicSheetHasSevenDecadesFromTheTopDown) {
@@ -262,6 +283,16 @@ TEST_F(WindowPageTest, PictureHasTheColoursOfTheScreenAndTheNamesOfTheCurves) {
   EXPECT_THAT(Of(page, Stroke::Kind::Clear),
               Each(Field(&Stroke::color, workspace.ColorTbl[kColorWindowBack])));
   EXPECT_THAT(Of(page, Stroke::Kind::Line), Contains(Field(&Stroke::color, Row(0).Color)));
+}
+
+TEST_F(WindowPageTest, PictureHasItsAxesInTheirColourAndASampleOfEachCurveInItsOwn) {
+  workspace.ColorTbl[kColorAxis] = Rgb(1, 2, 3);
+  ChgStrColor_chkGrp(list, 0, 0, Rgb(4, 5, 6));
+  const RecordingPage page = Drawn();
+  for (const Stroke& stroke : Of(page, Stroke::Kind::Text)) {
+    EXPECT_EQ(stroke.color, Rgb(1, 2, 3)) << stroke.text;
+  }
+  EXPECT_THAT(Of(page, Stroke::Kind::Box), Contains(Field(&Stroke::color, Rgb(4, 5, 6))));
 }
 
 TEST_F(WindowPageTest, AHiddenCurveIsNotNamed) {

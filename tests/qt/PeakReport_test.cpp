@@ -1,4 +1,6 @@
 // The peak report of the running program, from the fit to the curve of a changed peak.
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QTableView>
 
 #include "WindowTest.h"
@@ -56,6 +58,40 @@ TEST_F(PeakReportWindow, AutoFitGivesEveryPeakItsErrors) {
       EXPECT_GT(errors->index(row, 2).data().toString().toDouble(), 0) << row;
     }
   });
+}
+
+TEST_F(PeakReportWindow, IsCopiedAsTabSeparatedText) {
+  OpenCorundum();
+  PeakTable& table = Store().Peaks[View().DataNo];
+  table.Count = 1;
+  table.Peaks[0].Height = 1000;
+  table.Peaks[0].HalfWidth = 1.5;
+  table.Peaks[0].Center = 99.5;
+  Work(
+      [this] { QTest::mouseClick(Form().findChild<QAbstractButton*>("cmdCopy"), Qt::LeftButton); });
+  const QStringList lines = QGuiApplication::clipboard()->text().split('\n');
+  ASSERT_EQ(lines.size(), 3);  // the last one is ended
+  EXPECT_EQ(lines[0],
+            "Peak(Ch)\tPeak(Ch)\tIntensity\tFWHM(Ch)\tFWHM(keV)\tFWHM(dA)\tAmplitude\tGauss%\t"
+            "FitType");
+  EXPECT_TRUE(lines[1].startsWith("100.5\t100.5\t1000\t3\t")) << lines[1].toStdString();
+  EXPECT_EQ(lines[1].count('\t'), 8);
+}
+
+TEST_F(PeakReportWindow, RegionsAreCopiedAsTabSeparatedText) {
+  OpenCorundum();
+  RoiTable& regions = Store().Regions;
+  regions.RoiCount = 1;
+  regions.Rois[0].DataNo = View().DataNo;
+  regions.Rois[0].Start = 99;
+  regions.Rois[0].End = 199;
+  Trigger("mnuRoiReport");
+  FormWindow& report = *session->form_views.WindowOf(session->roi_report);
+  QTest::mouseClick(report.findChild<QAbstractButton*>("cmdCopy"), Qt::LeftButton);
+  const QStringList lines = QGuiApplication::clipboard()->text().split('\n');
+  ASSERT_EQ(lines.size(), 3);
+  EXPECT_EQ(lines[0], "Graph\tStart (Ch)\tEnd (Ch)\tAmplitude\tPeak (Ch)\tIntensity");
+  EXPECT_TRUE(lines[1].startsWith("1\t100\t200\t")) << lines[1].toStdString();
 }
 
 TEST_F(PeakReportWindow, IsShownOnItsSheetByPrintAndPreview) {
