@@ -36,13 +36,7 @@ frmPicture::frmPicture(Program& program, FormHost& host, Pictures& pictures,
       program_(program),
       pictures_(pictures),
       settings_(settings) {
-  const std::vector<std::string> kept = settings.Texts(kSizeSetting);
-  const auto value = [&kept](std::size_t index, double standard) {
-    return index < kept.size() ? ParseNumber(kept[index]).value_or(standard) : standard;
-  };
-  imnWidth.SetValue(value(0, kWidthMm));
-  imnHeight.SetValue(value(1, kHeightMm));
-  imnResolution.SetValue(value(2, kDotsPerInch));
+  ShowKeptSize();
   for (NumberBox* box : {&imnWidth, &imnHeight, &imnResolution}) {
     box->Change.Connect([this] { ShowHint(); });
   }
@@ -68,6 +62,16 @@ std::optional<PictureSize> frmPicture::Size() const {
   return size;
 }
 
+void frmPicture::ShowKeptSize() {
+  const std::vector<std::string> kept = settings_.Texts(kSizeSetting);
+  const auto value = [&kept](std::size_t index, double standard) {
+    return index < kept.size() ? ParseNumber(kept[index]).value_or(standard) : standard;
+  };
+  imnWidth.SetValue(value(0, kWidthMm));
+  imnHeight.SetValue(value(1, kHeightMm));
+  imnResolution.SetValue(value(2, kDotsPerInch));
+}
+
 void frmPicture::ShowHint() {
   const auto size = Size();
   if (size) {
@@ -84,7 +88,9 @@ void frmPicture::ShowHint() {
 }
 
 void frmPicture::Open() {
-  if (CurrentSheet(program_)) ShowModal();
+  if (!CurrentSheet(program_)) return;
+  ShowKeptSize();
+  ShowModal();
 }
 
 void frmPicture::KeepSize() {
@@ -98,6 +104,11 @@ PaintPage frmPicture::PaintWindow() {
 }
 
 void frmPicture::Copy() {
+  ShowKeptSize();
+  CopyWindow();
+}
+
+void frmPicture::CopyWindow() {
   const auto size = Size();
   if (size && CurrentSheet(program_)) pictures_.Copy(*size, PaintWindow());
 }
@@ -123,7 +134,7 @@ void frmPicture::cmdSave_Click() {
 }
 
 void frmPicture::cmdCopy_Click() {
-  Copy();
+  CopyWindow();
   KeepSize();
   Hide();
 }

@@ -19,7 +19,7 @@ class frmPicture : public Form {
   // All outlive the form.
   frmPicture(Program& program, FormHost& host, Pictures& pictures, SettingsStore& settings);
 
-  // Nothing where no graph is open.
+  // Shows the size used last. Nothing where no graph is open.
   void Open();
   // Copies without asking, in the size used last; nothing where no graph is open.
   void Copy();
@@ -40,9 +40,12 @@ class frmPicture : public Form {
 
  private:
   std::optional<PictureSize> Size() const;
+  // In the boxes; the standard size where none is kept.
+  void ShowKeptSize();
   void ShowHint();
   void KeepSize();
   PaintPage PaintWindow();
+  void CopyWindow();
 
   Program& program_;
   Pictures& pictures_;

@@ -122,6 +122,17 @@ TEST_F(PrintingTest, ASpectrumsPreviewIsTheSheetThatIsPrinted) {
   EXPECT_EQ(printer.pages.at(0).Texts(), shown);
 }
 
+TEST_F(PrintingTest, ASpectrumIsDrawnWithTheDotSizeThatWasTyped) {
+  Show({1, 2, 3, 4, 5}, "a.npd");
+  Answer(ask.cmdOk);  // types 2
+  printing.PrintWindow();
+  std::vector<double> widths;
+  for (const Stroke& stroke : printer.strokes) {
+    if (stroke.kind == Stroke::Kind::Line) widths.push_back(stroke.width);
+  }
+  EXPECT_THAT(widths, testing::AllOf(testing::SizeIs(testing::Ge(1u)), testing::Each(2)));
+}
+
 TEST_F(PrintingTest, DialogNamesTheFileOfTheCurrentGraph) {
   Show({1, 2, 3}, "a.npd");
   host.ExpectModal([this](Form&) {

@@ -164,6 +164,13 @@ TEST_F(frmPeakReportTest, RowZeroIsMeantToStandForTheCurrentGraph) {
   Work([this] { EXPECT_EQ(form.GrpNo, 0); });
 }
 
+TEST_F(frmPeakReportTest, WindowIsThatOfTheCurrentGraph) {
+  Work([this] { EXPECT_EQ(form.WinNo, 0); });
+  workspace.Slots[1].WinNo = 1;
+  ChangeActiveWin(list, 1);
+  Work([this] { EXPECT_EQ(form.WinNo, 1); });
+}
+
 TEST_F(frmPeakReportTest, OtherRowsAreShownAsTheyAreAskedFor) {
   Show({1, 2, 3}, "b.npd");
   host.ExpectModal([this](Form&) {

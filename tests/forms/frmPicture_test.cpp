@@ -141,6 +141,40 @@ TEST_F(PictureDialogTest, TheSizeUsedLastIsThatOfTheNextRun) {
   EXPECT_DOUBLE_EQ(pictures.size.scale, 1);
 }
 
+TEST_F(PictureDialogTest, ASavedPictureKeepsItsSizeToo) {
+  dialogs.ExpectSave(folder.Path("a.png"));
+  Work([&] {
+    TypeSize("50.8", "25.4", "96");
+    form.cmdSave.Press();
+  });
+  form.Copy();
+  EXPECT_EQ(pictures.size.width_px, 192);
+}
+
+TEST_F(PictureDialogTest, ASizeThatWasCancelledIsNotUsed) {
+  Work([&] {
+    TypeSize("5", "5", "5");
+    form.cmdCan.Press();
+  });
+  form.Copy();
+  EXPECT_EQ(pictures.copied, 1);
+  EXPECT_EQ(pictures.size.width_px, 605);  // 160 mm at 96 an inch
+  Work([&] {
+    TypeSize("5", "5", "5");
+    form.cmdCan.Press();
+  });
+  Work([&] { EXPECT_EQ(form.imnWidth.Text(), "160.0"); });
+}
+
+TEST_F(PictureDialogTest, ThePictureIsThatOfTheActiveWindow) {
+  Show({1, 2, 3}, "below.npd");
+  workspace.Slots[1].WinNo = 1;
+  ChangeActiveWin(list, 1);
+  form.Copy();
+  EXPECT_THAT(pictures.texts, Contains("below.npd"));
+  EXPECT_THAT(pictures.texts, testing::Not(Contains("run.1.npd")));
+}
+
 TEST_F(PictureDialogTest, ASizeOfAnotherProgramVersionThatIsNoneGivesTheStandard) {
   settings.SetTexts("PictureSize", {"x"});
   frmPicture next(program, host, pictures, settings);
