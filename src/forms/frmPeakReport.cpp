@@ -121,8 +121,7 @@ void frmPeakReport::ShowHint() {
           : count == 1 ? "1 peak. "
                        : std::to_string(count) + " peaks. ";
   if (count > 0) {
-    hint +=
-        "Channel, intensity, FWHM(Ch) and Gauss% can be typed; \"SET\" takes them over.";
+    hint += "Channel, intensity, FWHM(Ch) and Gauss% can be typed; \"SET\" takes them over.";
   }
   lblHint.SetCaption(hint);
 }
@@ -169,7 +168,9 @@ void frmPeakReport::cmdPkSet_Click() {
     PeakTable table = program.workspace.Peaks[DataNo()];
     for (int i = 0; i < table.Count; ++i) table.Peaks[i] = PeakOfRow(i + 1, table.Peaks[i]);
     ReplacePeaks(program, WinNo, GrpNo, table);
+    const int row = sprPeakInf.ActiveRow();
     RefreshPeakReport();
+    sprPeakInf.SetActiveRow(row);
   });
 }
 

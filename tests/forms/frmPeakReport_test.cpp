@@ -335,6 +335,15 @@ TEST_F(frmPeakReportTest, SetShowsTheRowsAnew) {
   });
 }
 
+TEST_F(frmPeakReportTest, SetKeepsTheCurrentRow) {
+  Work([this] {
+    form.sprPeakInf.SetActiveRow(2);
+    form.cmdPkSet.Press();
+    EXPECT_EQ(form.sprPeakInf.ActiveRow(), 2);
+    EXPECT_EQ(form.sprPeakErr.ActiveRow(), 2);
+  });
+}
+
 TEST_F(frmPeakReportTest, SetCalculatesTheCurveOfTheFirstGraph) {
   Work([this] {
     Type(1, frmPeakReport::kPeakCh, "101");
