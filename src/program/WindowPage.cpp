@@ -88,7 +88,7 @@ PageBox DrawWindow(Program& program, int win_no, const std::string& title, const
   const auto units = PanelAt(page, place, frame.unit_axis);
   DrawUnitAxis(*units, program.workspace, AxisDataNo(program, win_no), program.view.DispUnit,
                UnitDivisions(frame.plot.width), scale.WidthX, scale.StartX, look.ink,
-               AxisMedium::Page);
+               look.print.PrintMode == kFalse ? AxisMedium::Screen : AxisMedium::Page);
   return {place.x + frame.plot.x, place.y + frame.plot.y, frame.plot.width, frame.plot.height};
 }
 

@@ -295,6 +295,11 @@ TEST_F(WindowPageTest, PictureHasItsAxesInTheirColourAndASampleOfEachCurveInItsO
   EXPECT_THAT(Of(page, Stroke::Kind::Box), Contains(Field(&Stroke::color, Rgb(4, 5, 6))));
 }
 
+TEST_F(WindowPageTest, UnitAxisEndsWithTheLastChannelOfAPictureAndBehindItOnPaper) {
+  EXPECT_THAT(Drawn().Texts(), Contains("1000"));
+  EXPECT_THAT(Printed().Texts(), Contains("1001"));
+}
+
 TEST_F(WindowPageTest, AHiddenCurveIsNotNamed) {
   Show({1, 2, 3}, "b.npd");
   workspace.Slots[1].Disp = kFalse;
