@@ -7,9 +7,6 @@
 
 namespace dorvane {
 
-// Shown in place of a tooltip by what isn't bound.
-constexpr std::string_view kLaterTip = "Comes with a later version";
-
 // Whether all rules allow a button, by its tool bar and its key, a menu entry, by "menu" and its
 // name, or another control, by "form" and its name. What no rule names is allowed.
 bool Allowed(const Program& program, std::string_view place, std::string_view name);

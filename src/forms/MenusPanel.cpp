@@ -18,10 +18,7 @@ MenusPanel::MenusPanel(PanelWork& work, FormCommands& commands) : work_(work), c
       if (item.Enabled()) commands_.Run(CommandOf(row));
     });
   }
-  commands.Changed.Connect([this] {
-    ShowTips();
-    Refresh();
-  });
+  commands.Changed.Connect([this] { Refresh(); });
   ShowTips();
 }
 
@@ -41,8 +38,7 @@ void MenusPanel::ShowTips() {
   for (std::size_t i = 0; i < items_.size(); ++i) {
     const MenuRow& row = MenuTable()[i];
     if (row.parent.empty()) continue;
-    const bool tells = IsMenu(row) || commands_.Bound(CommandOf(row)) || row.tip == kNoActionTip;
-    items_[i].SetTip(tells ? TipOf(row) : std::string(kLaterTip));
+    items_[i].SetTip(TipOf(row));
   }
 }
 

@@ -99,10 +99,7 @@ ToolBarsPanel::ToolBarsPanel(PanelWork& work, FormCommands& commands)
   for (ToolBar* bar : All()) {
     bar->ButtonClick.Connect([this, bar](std::string_view key) { ButtonClick(*bar, key); });
   }
-  commands.Changed.Connect([this] {
-    ShowTips();
-    Refresh();
-  });
+  commands.Changed.Connect([this] { Refresh(); });
   ShowTips();
 }
 
@@ -119,8 +116,7 @@ void ToolBarsPanel::ShowTips() {
   for (ToolBar* bar : All()) {
     for (const ButtonRow& row : kButtons) {
       if (row.bar != bar->Name()) continue;
-      const bool bound = commands_.Bound(row.key);
-      bar->SetButtonTip(row.key, bound ? TipOfButton(row) : std::string(kLaterTip));
+      bar->SetButtonTip(row.key, TipOfButton(row));
     }
   }
 }

@@ -14,6 +14,7 @@
 #include <QUrl>
 
 #include "WindowTest.h"
+#include "forms/MenuTable.h"
 #include "qt/ThemeIcon.h"
 #include "qt/binding/BindingFixture.h"
 #include "qt/views/MainIcons.h"
@@ -49,9 +50,12 @@ int ColorsIn(const QImage& image) {
 using MainWindowTest = WindowTest;
 
 TEST_F(MainWindowTest, EveryControlOfEveryFormHasItsWidget) {
-  for (Form* form :
-       std::initializer_list<Form*>{&session->main, &session->graph_select, &session->roi_report,
-                                    &session->log, &session->keys}) {
+  for (Form* form : std::initializer_list<Form*>{
+           &session->main, &session->graph_select, &session->roi_report, &session->log,
+           &session->keys, &session->manual_fit, &session->fit_input, &session->atom,
+           &session->arithmetic, &session->lattice, &session->peak_report,
+           &session->result_directory, &session->load, &session->calibration,
+           &session->calibration_curve, &session->print, &session->preview, &session->picture}) {
     ExpectEveryControlHasItsWidget(*form, *session->form_views.WindowOf(*form));
   }
 }
@@ -224,14 +228,17 @@ TEST_F(MainWindowTest, OneOfTheDrawingModesIsMarked) {
   EXPECT_FALSE(Find<QAction>("mnuPaint")->isChecked());
 }
 
-TEST_F(MainWindowTest, CommandsThatComeLaterAreDisabledAndSaySo) {
-  int later = 0;
-  for (const QAction* action : Window().findChildren<QAction*>()) {
-    if (!action->toolTip().startsWith("Comes with a later version")) continue;
-    ++later;
-    EXPECT_FALSE(action->isEnabled()) << action->objectName().toStdString();
+TEST_F(MainWindowTest, EveryEntryAndEveryButtonHasAnActionButTheClosingOfAWindow) {
+  for (const MenuRow& row : MenuTable()) {
+    if (IsMenu(row)) continue;
+    const bool closes_window = row.name.starts_with("mnuCloseWin");
+    EXPECT_EQ(session->main.commands.Bound(CommandOf(row)), !closes_window) << row.name;
   }
-  EXPECT_GT(later, 0);
+  for (ToolBar* bar : session->main.tool_bars.All()) {
+    for (const ToolButton& button : bar->Buttons()) {
+      EXPECT_TRUE(session->main.commands.Bound(button.key)) << button.key;
+    }
+  }
 }
 
 TEST_F(MainWindowTest, EveryButtonHasAnIconAndATip) {
