@@ -96,6 +96,10 @@ void AttachSettings(frmDorvane& main, Program& program, frmSetting& setting, frm
               [&program, &colors] { EditColors(program, colors, kColorPeakMark); });
 }
 
+void AttachProperty(frmDorvane& main, frmProperty& property) {
+  main.Attach("Property", property, [&property] { property.Open(); });
+}
+
 void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice) {
   main.Attach("hkl", lattice, [&program, &lattice] { lattice.Open(program.view.GraphNo); });
 }

@@ -16,6 +16,7 @@
 #include "forms/frmPeakCal.h"
 #include "forms/frmPeakReport.h"
 #include "forms/frmPicture.h"
+#include "forms/frmProperty.h"
 #include "forms/frmResultDirectory.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
@@ -59,6 +60,9 @@ void AttachPicture(frmDorvane& main, frmPicture& picture);
 // colours opens the colour table at the mark of the peaks.
 void AttachSettings(frmDorvane& main, Program& program, frmSetting& setting, frmDispPara& disp_para,
                     frmSetColor& colors);
+
+// "Property" opens the measurement properties of the selected graph.
+void AttachProperty(frmDorvane& main, frmProperty& property);
 
 // "hkl" opens the lattice form for the current graph of `program`.
 void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice);

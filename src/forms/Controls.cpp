@@ -80,8 +80,8 @@ std::string NumberBox::Text() const {
 }
 
 void NumberBox::Type(const std::string& text) {
-  const auto value = ParseNumber(text);
-  if (value && *value != value_) {
+  const auto value = ParseByPicture(text, picture_);
+  if (value && *value != value_ && text != Text()) {
     SetValue(*value);
   } else {
     Shown.Fire();

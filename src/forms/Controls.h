@@ -65,7 +65,7 @@ class TextBox : public Control {
   bool several_lines_ = false;
 };
 
-// A number shown in a picture, such as "##0.000".
+// A number shown in a picture, such as "##0.000"; it is kept whole behind what is shown of it.
 class NumberBox : public Control {
  public:
   NumberBox(ControlList& controls, std::string name, std::string picture, std::string caption = "");
@@ -75,7 +75,8 @@ class NumberBox : public Control {
   const std::string& NumberPicture() const { return picture_; }
   void SetPicture(std::string picture) { Store(picture_, std::move(picture)); }
   std::string Text() const;  // the value in its picture
-  // A typed text. What is no number is ignored, and the old value shows again.
+  // A typed text. What is no number is ignored, and the old value shows again; the text that is
+  // shown already keeps the value to the last bit.
   void Type(const std::string& text);
   bool ReadOnly() const { return read_only_; }
   void SetReadOnly(bool read_only) { Store(read_only_, read_only); }

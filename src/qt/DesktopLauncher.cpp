@@ -24,4 +24,8 @@ bool DesktopLauncher::EditText(const std::string& path) {
   return QDesktopServices::openUrl(QUrl::fromLocalFile(ToQString(path)));
 }
 
+bool DesktopLauncher::Start(const std::string& path) {
+  return QProcess::startDetached(ToQString(path), {});
+}
+
 }  // namespace dorvane

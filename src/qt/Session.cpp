@@ -57,6 +57,7 @@ Session::Session(const Places& places, SettingsStore& settings)
       printing(program, print, preview, printer),
       picture(program, host, pictures, settings),
       peak_report(program, host, printing),
+      property(program, host, launcher),
       result_directory(program, host, settings),
       setting(program, host),
       disp_para(program, host),
@@ -83,6 +84,7 @@ Session::Session(const Places& places, SettingsStore& settings)
   AttachPeakReport(main, peak_report);
   AttachPrinting(main, print, printing);
   AttachPicture(main, picture);
+  AttachProperty(main, property);
   AttachResultDirectory(main, result_directory);
   AttachSettings(main, program, setting, disp_para, colors);
   AttachCalibration(main, calibration);
@@ -119,6 +121,7 @@ void Session::AddViews() {
   add(print);
   add(preview);
   add(picture);
+  add(property);
   add(result_directory);
   add(setting);
   add(disp_para);

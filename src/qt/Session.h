@@ -23,6 +23,7 @@
 #include "forms/frmPicture.h"
 #include "forms/frmPreView.h"
 #include "forms/frmPrint.h"
+#include "forms/frmProperty.h"
 #include "forms/frmResultDirectory.h"
 #include "forms/frmRoiReport.h"
 #include "forms/frmSelGraph.h"
@@ -88,6 +89,7 @@ class Session : public QObject {
   Printing printing;
   frmPicture picture;
   frmPeakReport peak_report;
+  frmProperty property;
   frmResultDirectory result_directory;
   frmSetting setting;
   frmDispPara disp_para;

@@ -11,6 +11,8 @@ class Launcher {
   // Opens a file in the system's text editor ("notepad.exe", or what a desktop has in its place)
   // and returns at once. False when that can't be started.
   virtual bool EditText(const std::string& path) = 0;
+  // Starts a program in a window of its own and returns at once. False when that can't be started.
+  virtual bool Start(const std::string& path) = 0;
 };
 
 }  // namespace dorvane

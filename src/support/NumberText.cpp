@@ -175,11 +175,39 @@ std::string ComposeExponent(Digits number, const Parts& parts) {
   return text + digits;
 }
 
+struct Sections {
+  std::string_view positive;
+  std::optional<std::string_view> negative;
+  std::optional<std::string_view> zero;
+};
+
+Sections SectionsOf(std::string_view picture) {
+  const auto first = picture.find(';');
+  Sections sections{picture.substr(0, first), {}, {}};
+  if (first == std::string_view::npos) return sections;
+  const std::string_view rest = picture.substr(first + 1);
+  const auto second = rest.find(';');
+  sections.negative = rest.substr(0, second);
+  if (second != std::string_view::npos) sections.zero = rest.substr(second + 1);
+  return sections;
+}
+
+std::string SectionText(double value, const Sections& sections) {
+  const bool negative = value < 0;
+  const std::string_view section = negative ? *sections.negative : sections.positive;
+  const std::string text = Picture(std::fabs(value), section);
+  if (text != Picture(0, section)) return text;
+  return Picture(0, sections.zero.value_or(sections.positive));
+}
+
 }  // namespace
 
 std::string Picture(double value, std::string_view picture) {
   if (std::isnan(value)) return "NaN";
   if (std::isinf(value)) return value < 0 ? "-Inf" : "Inf";
+  if (const Sections sections = SectionsOf(picture); sections.negative) {
+    return SectionText(value, sections);
+  }
   const Parts parts = PartsOf(picture);
   Digits number = DigitsOf(std::fabs(value));
   std::string text;
@@ -255,6 +283,21 @@ std::optional<double> ParseNumber(std::string_view text) {
   }
   if (error != std::errc()) return std::nullopt;
   return value;
+}
+
+std::optional<double> ParseByPicture(std::string_view text, std::string_view picture) {
+  text = Trim(text);
+  const Sections sections = SectionsOf(picture);
+  if (sections.zero && text == Picture(0, *sections.zero)) return 0.0;
+  if (!sections.negative) return ParseNumber(text);
+  const Parts parts = PartsOf(*sections.negative);
+  const std::size_t around = parts.prefix.size() + parts.suffix.size();
+  const bool negative = around > 0 && text.size() > around && text.starts_with(parts.prefix) &&
+                        text.ends_with(parts.suffix);
+  if (!negative) return ParseNumber(text);
+  const auto magnitude = ParseNumber(text.substr(parts.prefix.size(), text.size() - around));
+  if (!magnitude || *magnitude < 0) return std::nullopt;
+  return 0 - *magnitude;
 }
 
 double NumberOf(std::string_view text) {

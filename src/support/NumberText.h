@@ -19,6 +19,9 @@ namespace dorvane {
 // picture's last place. A value that rounds to zero shows no sign; "####" of 0 is an empty text. A
 // point in the picture is printed even where no digit follows. Infinities and NaN print as "Inf",
 // "-Inf" and "NaN".
+//
+// A picture may have sections with ";" between them, as "#0.000;(#0.000);Nothing": for positive
+// values, for negative ones, which show no other sign, and for what rounds to zero.
 std::string Picture(double value, std::string_view picture);
 
 // Picture, right-aligned with blanks to `width` characters; longer texts are not cut.
@@ -35,6 +38,10 @@ std::string DecimalNumber(double value);
 // "1D-3" or ".5". Nothing for an empty text, hexadecimal, infinities, NaN, or anything left over;
 // nothing when it overflows.
 std::optional<double> ParseNumber(std::string_view text);
+
+// ParseNumber, and the texts that a picture with sections shows for negative values and for zero,
+// as "(1.5)" and "Nothing".
+std::optional<double> ParseByPicture(std::string_view text, std::string_view picture);
 
 // ParseNumber that throws Fault(NotANumber) instead of answering nothing.
 double NumberOf(std::string_view text);

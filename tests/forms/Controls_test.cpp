@@ -101,6 +101,26 @@ TEST_F(ControlsTest, ANumberBoxShowsItsPictureAndIgnoresWhatIsNoNumber) {
   EXPECT_EQ(events, 0);
 }
 
+TEST_F(ControlsTest, ANumberBoxKeepsTheWholeNumberWhenItsOwnTextIsTyped) {
+  NumberBox box(controls, "ImNumber1", "####0.00");
+  box.SetValue(2.345);
+  Count(box.Change);
+  box.Type("2.35");
+  EXPECT_EQ(box.Value(), 2.345);
+  EXPECT_EQ(events, 0);
+  box.Type("2.350");
+  EXPECT_EQ(box.Value(), 2.35);
+}
+
+TEST_F(ControlsTest, ANumberBoxWithSectionsTakesWhatItShows) {
+  NumberBox box(controls, "imnInV", "#0.000;(#0.000);Nothing");
+  EXPECT_EQ(box.Text(), "Nothing");
+  box.Type("(2.5)");
+  EXPECT_EQ(box.Value(), -2.5);
+  box.Type("Nothing");
+  EXPECT_EQ(box.Value(), 0);
+}
+
 TEST_F(ControlsTest, AnOptionIsToldByItsIndex) {
   OptionGroup group(controls, "optEGC", {"Default", "This File"});
   int chosen = -1;

@@ -16,6 +16,7 @@ struct RecordingLauncher : Launcher {
     paths.push_back(path);
     return works;
   }
+  bool Start(const std::string& path) override { return EditText(path); }
 };
 
 class MainFormTest : public ProgramTest {

@@ -75,7 +75,7 @@ class Monkey {
                                       "MkIns",     "All",      "Fit",       "AllFit",  "MkDel",
                                       "RoiAdd",    "RoiDel",   "JmpRight",  "JmpLeft", "AreaCursor",
                                       "AutoFit",   "Split",    "NaxAllFit", "Atom",    "hkl",
-                                      "CalcSpect", "Calib"};
+                                      "CalcSpect", "Calib",    "Property"};
 
   void Start() {
     if (dice_.OneIn(4)) files_.HarmParameters();

@@ -128,6 +128,7 @@ class MonkeyLauncher : public Launcher {
  public:
   explicit MonkeyLauncher(Dice& dice) : dice_(dice) {}
   bool EditText(const std::string&) override { return !dice_.OneIn(3); }
+  bool Start(const std::string&) override { return false; }
 
  private:
   Dice& dice_;

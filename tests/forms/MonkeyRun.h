@@ -44,6 +44,7 @@ class MonkeyRun {
         fit_input(*program, outside.host),
         atom(*program, outside.host, elements, outside.settings, line_marks),
         arithmetic(*program, outside.host),
+        property(*program, outside.host, outside.launcher),
         lattice(*program, outside.host, outside.settings, line_marks),
         result_directory(*program, outside.host, outside.settings),
         setting(*program, outside.host),
@@ -64,6 +65,7 @@ class MonkeyRun {
     AttachFitForms(main, *program, manual_fit, fit_input);
     AttachAtom(main, *program, atom);
     AttachArithmetic(main, arithmetic);
+    AttachProperty(main, property);
     AttachLattice(main, *program, lattice);
     AttachResultDirectory(main, result_directory);
     AttachSettings(main, *program, setting, disp_para, colors);
@@ -84,6 +86,7 @@ class MonkeyRun {
   frmInputFitParameter fit_input;
   frmAtom atom;
   frmGrpCalc arithmetic;
+  frmProperty property;
   frmPeakCal lattice;
   frmResultDirectory result_directory;
   frmSetting setting;

@@ -78,6 +78,7 @@ struct RecordingLauncher : Launcher {
     path = file;
     return works;
   }
+  bool Start(const std::string&) override { return works; }
 };
 
 TEST_F(CalibrationTest, TheCrystalLibraryOfTheProgramOpensInTheEditor) {

@@ -51,6 +51,17 @@ INSTANTIATE_TEST_SUITE_P(Exponent, PictureRules,
                                          PictureCase{1234.5, "00.0E+00", "12.3E+02"},
                                          PictureCase{1e-310, "0.0E+000", "1.0E-310"}));
 
+INSTANTIATE_TEST_SUITE_P(Sections, PictureRules,
+                         testing::Values(PictureCase{1.23456, "#0.000;(#0.000);Nothing", "1.235"},
+                                         PictureCase{-1.5, "#0.000;(#0.000);Nothing", "(1.500)"},
+                                         PictureCase{0, "#0.000;(#0.000);Nothing", "Nothing"},
+                                         PictureCase{0.0004, "#0.000;(#0.000);Nothing", "Nothing"},
+                                         PictureCase{-0.0004, "#0.000;(#0.000);Nothing", "Nothing"},
+                                         PictureCase{0.0005, "#0.000;(#0.000);Nothing", "0.001"},
+                                         PictureCase{-12, "0.0;-0.00", "-12.00"},
+                                         PictureCase{0, "0.0;-0.00", "0.0"},
+                                         PictureCase{-0.001, "0.0;-0.00", "0.0"}));
+
 TEST(NumberText, HalvesOfTheFifteenDigitsGoAwayFromZero) {
   EXPECT_EQ(Picture(2.675, "0.00"), "2.68");  // as a double just below the half
   EXPECT_EQ(Picture(-2.675, "0.00"), "-2.68");
@@ -133,6 +144,19 @@ TEST(NumberText, WholeTextOrNothing) {
     EXPECT_FALSE(ParseNumber(text).has_value()) << '"' << text << '"';
   }
   EXPECT_FALSE(ParseNumber(std::string(401, '1')).has_value());
+}
+
+TEST(NumberText, WhatAPictureShowsIsParsedBack) {
+  constexpr std::string_view kSlit = "#0.000;(#0.000);Nothing";
+  EXPECT_EQ(ParseByPicture("(1.5)", kSlit), -1.5);
+  EXPECT_EQ(ParseByPicture(" Nothing ", kSlit), 0.0);
+  EXPECT_EQ(ParseByPicture("-1.5", kSlit), -1.5);
+  EXPECT_EQ(ParseByPicture("1.5", kSlit), 1.5);
+  EXPECT_EQ(ParseByPicture("-0.25", "0.0;-0.00"), -0.25);
+  for (const char* text : {"(-1.5)", "(1.5", "1.5)", "()", "nothing", ""}) {
+    EXPECT_EQ(ParseByPicture(text, kSlit), std::nullopt) << text;
+  }
+  EXPECT_EQ(ParseByPicture("(1.5)", "#0.000"), std::nullopt);
 }
 
 TEST(NumberText, IntegersAreRoundedHalfToEvenAndChecked) {

@@ -116,7 +116,8 @@ struct Draft {
   double shown_value = 0;
 };
 
-// Escape takes back what is typed, and goes on to whoever else has a use for it.
+// Escape takes back what is typed, and goes on to whoever else has a use for it; so does hiding the
+// window before it has been handed over.
 class NumberEdit : public QLineEdit {
  public:
   NumberEdit(QWidget* parent, std::function<void()> take_back)
@@ -126,6 +127,10 @@ class NumberEdit : public QLineEdit {
   void keyPressEvent(QKeyEvent* event) override {
     if (event->key() == Qt::Key_Escape) take_back_();
     QLineEdit::keyPressEvent(event);
+  }
+  void hideEvent(QHideEvent* event) override {
+    if (!event->spontaneous()) take_back_();
+    QLineEdit::hideEvent(event);
   }
 
  private:

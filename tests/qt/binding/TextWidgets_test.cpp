@@ -170,6 +170,16 @@ TEST_F(TextWidgets, EscapeTakesATypedNumberBack) {
   EXPECT_EQ(*changes, 0);
 }
 
+TEST_F(TextWidgets, HidingTheWindowTakesATypedNumberBack) {
+  form.imnAngle.SetValue(2);
+  TypeOver(Of(form.imnAngle), "45");
+  form.Hide();
+  form.Show();
+  EXPECT_EQ(Find<QLineEdit>("imnAngle")->text(), "2.000");
+  Of(form.cmdOk)->setFocus();
+  EXPECT_EQ(form.imnAngle.Value(), 2);
+}
+
 TEST_F(TextWidgets, DraftOutlivesAChangeThatIsNotOfTheValue) {
   TypeOver(Of(form.imnAngle), "45");
   form.imnAngle.SetTip("2-theta");
