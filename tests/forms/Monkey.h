@@ -148,6 +148,10 @@ class Monkey {
     if (&form == &run_->lattice) return WorkLattice();
     if (&form == &run_->arithmetic) happened_.calculating = true;
     if (&form == &run_->calibration) happened_.calibrating = true;
+    if (&form == &run_->preview) {
+      RecordingPage page(run_->preview.SheetSize());
+      run_->preview.DrawSheet(page);
+    }
     std::vector<Control*> usable;
     for (Control* control : form.Controls().All()) {
       if (control->Enabled() && control->Visible()) usable.push_back(control);

@@ -9,6 +9,7 @@
 #include "forms/AttachForms.h"
 #include "forms/FakeElementStore.h"
 #include "forms/FakePrinter.h"
+#include "forms/RecordingPictures.h"
 #include "forms/frmDialogMessage.h"
 #include "forms/frmInput.h"
 #include "program/Program.h"
@@ -50,6 +51,11 @@ class MonkeyRun {
         setting(*program, outside.host),
         disp_para(*program, outside.host),
         colors(outside.dialogs, outside.host),
+        print(*program, outside.host, outside.settings),
+        preview(outside.host),
+        printing(*program, print, preview, printer),
+        picture(*program, outside.host, pictures, outside.settings),
+        report(*program, outside.host, printing),
         load(*program, outside.host, folders),
         curve(*program, outside.host, printer),
         calibration(*program, outside.host, WindowsOfCalibration(outside)),
@@ -70,6 +76,9 @@ class MonkeyRun {
     AttachResultDirectory(main, result_directory);
     AttachSettings(main, *program, setting, disp_para, colors);
     AttachCalibration(main, calibration);
+    AttachPrinting(main, print, printing);
+    AttachPicture(main, picture);
+    AttachPeakReport(main, report);
     main.Ended.Connect([this] { ended = true; });
   }
 
@@ -94,6 +103,12 @@ class MonkeyRun {
   frmSetColor colors;
   SystemFolders folders;
   FakePrinter printer;
+  RecordingPictures pictures;
+  frmPrint print;
+  frmPreView preview;
+  Printing printing;
+  frmPicture picture;
+  frmPeakReport report;
   frmDialogLoad load;
   frmCalibCurv curve;
   frmDialogCalibC calibration;

@@ -3,10 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "display/RecordingPage.h"
 #include "forms/FormFixture.h"
+#include "forms/RecordingPictures.h"
 #include "program/ProgramFixture.h"
-#include "support/Fault.h"
 #include "support/MemorySettings.h"
 
 namespace dorvane {
@@ -15,29 +14,6 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-struct RecordingPictures : Pictures {
-  bool writes = true;
-  std::vector<std::string> written;
-  int copied = 0;
-  PictureSize size;
-  std::vector<std::string> texts;
-  void Keep(const PictureSize& asked, const PaintPage& paint) {
-    size = asked;
-    RecordingPage page({asked.width_px, asked.height_px, 1});
-    paint(page);
-    texts = page.Texts();
-  }
-  void Write(const std::string& path, const PictureSize& asked, const PaintPage& paint) override {
-    if (!writes) throw Fault(FaultCode::PermissionDenied);
-    written.push_back(path);
-    Keep(asked, paint);
-  }
-  void Copy(const PictureSize& asked, const PaintPage& paint) override {
-    ++copied;
-    Keep(asked, paint);
-  }
-};
 
 class PictureDialogTest : public ProgramTest {
  protected:

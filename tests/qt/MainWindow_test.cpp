@@ -55,7 +55,8 @@ TEST_F(MainWindowTest, EveryControlOfEveryFormHasItsWidget) {
            &session->keys, &session->manual_fit, &session->fit_input, &session->atom,
            &session->arithmetic, &session->lattice, &session->peak_report,
            &session->result_directory, &session->load, &session->calibration,
-           &session->calibration_curve, &session->print, &session->preview, &session->picture}) {
+           &session->calibration_curve, &session->print, &session->preview, &session->picture,
+           &session->property}) {
     ExpectEveryControlHasItsWidget(*form, *session->form_views.WindowOf(*form));
   }
 }
@@ -234,7 +235,9 @@ TEST_F(MainWindowTest, EveryEntryAndEveryButtonHasAnActionButTheClosingOfAWindow
     const bool closes_window = row.name.starts_with("mnuCloseWin");
     EXPECT_EQ(session->main.commands.Bound(CommandOf(row)), !closes_window) << row.name;
   }
-  for (ToolBar* bar : session->main.tool_bars.All()) {
+  const ToolBarsPanel& bars = session->main.tool_bars;
+  for (const ToolBar* bar : {&bars.tlbrFile, &bars.tlbrEnergy, &bars.tlbrCalc, &bars.tlbrOperation,
+                             &bars.tlbrRoiPeak, &bars.tlbrRoi, &bars.tlbrDisplay, &bars.tlbrNax}) {
     for (const ToolButton& button : bar->Buttons()) {
       EXPECT_TRUE(session->main.commands.Bound(button.key)) << button.key;
     }
