@@ -6,6 +6,7 @@
 #include <string>
 
 #include "forms/frmPeakCal.h"
+#include "processing/Units.h"
 #include "support/NumberText.h"
 
 namespace dorvane {
@@ -40,8 +41,8 @@ inline std::string ShownBy(frmPeakCal& form) {
   return shown;
 }
 
-// Whether a sample is chosen and the seeds, the angle, the temperature and the peaks are those of a
-// measurement: then no calculation faults.
+// Whether a sample is chosen and the seeds, the angle, the temperature, the peaks and the cell that
+// was calculated last are those of a measurement: then no calculation faults.
 inline bool IsOrdinary(const frmPeakCal& form, const Program& program) {
   const auto within = [](const TextBox& box, double low, double high) {
     const auto value = ParseNumber(box.Text());
@@ -56,6 +57,12 @@ inline bool IsOrdinary(const frmPeakCal& form, const Program& program) {
       ordinary = ordinary && (empty || within(*box, length ? 1 : 60, length ? 30 : 130));
     }
   }
+  // "Correct" has no angle for a cell that came out far too large.
+  const std::string& length = form.txtLatticeLength[0].Text();
+  const auto calculated = ParseNumber(length.substr(0, length.find('+')));
+  const double sine = std::sin(DegToRad(ParseNumber(form.txt2Theta.Text()).value_or(0) / 2));
+  const double seed = ParseNumber(form.txtSeedConstant[0].Text()).value_or(0);
+  ordinary = ordinary && (!calculated || std::abs(*calculated * sine) < seed);
   const PeakTable& table = program.workspace.Peaks[form.Work().DataNo];
   for (int i = 0; i < table.Count; ++i) {
     ordinary = ordinary && std::isfinite(table.Peaks[i].Center) && table.Peaks[i].Center >= 0;
