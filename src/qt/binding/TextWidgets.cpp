@@ -116,24 +116,25 @@ struct Draft {
   double shown_value = 0;
 };
 
-// Escape takes back what is typed, and goes on to whoever else has a use for it; so does hiding the
-// window before it has been handed over.
+// Escape takes back what is typed, and goes on to whoever else has a use for it. What has not been
+// handed over when the window is hidden is gone when it is shown again.
 class NumberEdit : public QLineEdit {
  public:
-  NumberEdit(QWidget* parent, std::function<void()> take_back)
-      : QLineEdit(parent), take_back_(std::move(take_back)) {}
+  NumberEdit(QWidget* parent, std::shared_ptr<Draft> draft, std::function<void()> take_back)
+      : QLineEdit(parent), draft_(std::move(draft)), take_back_(std::move(take_back)) {}
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
     if (event->key() == Qt::Key_Escape) take_back_();
     QLineEdit::keyPressEvent(event);
   }
-  void hideEvent(QHideEvent* event) override {
-    if (!event->spontaneous()) take_back_();
-    QLineEdit::hideEvent(event);
+  void showEvent(QShowEvent* event) override {
+    if (!event->spontaneous() && draft_->typed) take_back_();
+    QLineEdit::showEvent(event);
   }
 
  private:
+  std::shared_ptr<Draft> draft_;
   std::function<void()> take_back_;
 };
 
@@ -147,7 +148,7 @@ QWidget* MakeTextWidget(TextBox& control, QWidget* parent) {
 
 QWidget* MakeNumberWidget(NumberBox& control, QWidget* parent) {
   const auto draft = std::make_shared<Draft>();
-  auto* edit = new NumberEdit(parent, [&control, draft] {
+  auto* edit = new NumberEdit(parent, draft, [&control, draft] {
     draft->typed = false;
     control.Shown.Fire();
   });
