@@ -235,6 +235,17 @@ void DrawUnitAxis(Surface& panel, const Workspace& workspace, int data_no, int u
   }
 }
 
+std::string_view FittingText(const Surface& surface, std::string_view text, double width) {
+  const auto continues = [](char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+  };
+  while (!text.empty() && surface.TextWidth(text) > width) {
+    while (text.size() > 1 && continues(text.back())) text.remove_suffix(1);
+    text.remove_suffix(1);
+  }
+  return text;
+}
+
 PrintFrame DrawPrintFrame(Surface& page, std::string_view title, Color ink) {
   page.SetScale(0, 0, 1, 1);
   const Point unit_pixel = page.PixelSize();
@@ -257,8 +268,8 @@ PrintFrame DrawPrintFrame(Surface& page, std::string_view title, Color ink) {
                          {left - axis_width, top, axis_width, plot_height},
                          {left, top + plot_height, plot_width, axis_height}};
   page.Text({margin / 2, margin / 2}, "Counts", ink);
-  page.Text({left + std::max((plot_width - page.TextWidth(title)) / 2, 0.0), margin / 2}, title,
-            ink);
+  const std::string_view shown = FittingText(page, title, plot_width);
+  page.Text({left + (plot_width - page.TextWidth(shown)) / 2, margin / 2}, shown, ink);
   // Half a pixel outside, so that the graph doesn't cover it.
   const Point upper_left{left - 0.5, top - 0.5};
   const Point lower_right{left + plot_width + 0.5, top + plot_height + 0.5};

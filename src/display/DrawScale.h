@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "support/Fixed.h"
@@ -67,6 +68,9 @@ int UnitDivisions(double width);
 void DrawUnitAxis(Surface& panel, const Workspace& workspace, int data_no, int unit, int divisions,
                   double width, double start, Color ink, AxisMedium medium = AxisMedium::Screen);
 
+// As many whole characters of a text, in UTF-8, as have room in `width` of the surface's scale.
+std::string_view FittingText(const Surface& surface, std::string_view text, double width);
+
 // A rectangle of a page, in pixels of scale factor 1 from its upper left corner.
 struct PageBox {
   double x = 0;
@@ -82,8 +86,8 @@ struct PrintFrame {
   PageBox unit_axis;
 };
 // Divides a page among a graph and its two axes, with the title above, and draws title, the count
-// axis's name and the frame around the graph. Pages too small for a graph give empty boxes, never
-// negative ones.
+// axis's name and the frame around the graph; a title wider than the graph is cut. Pages too small
+// for a graph give empty boxes, never negative ones.
 PrintFrame DrawPrintFrame(Surface& page, std::string_view title, Color ink);
 
 }  // namespace dorvane

@@ -112,23 +112,13 @@ class PropBlock {
       const double x = index / Rows() * (column_width + kColumnGap);
       const double y = index % Rows() * LineHeight(panel);
       panel.Text({x, y}, line.label, kPrintInk);
-      panel.Text({x + label_width, y}, Fitting(panel, line.text, column_width - label_width),
+      panel.Text({x + label_width, y}, FittingText(panel, line.text, column_width - label_width),
                  kPrintInk);
       ++index;
     }
   }
 
  private:
-  // As many whole characters as have room.
-  static std::string Fitting(const Surface& panel, std::string text, double width) {
-    const auto continues = [](char byte) { return (byte & 0xC0) == 0x80; };
-    while (!text.empty() && panel.TextWidth(text) > width) {
-      while (text.size() > 1 && continues(text.back())) text.pop_back();
-      text.pop_back();
-    }
-    return text;
-  }
-
   std::span<const PropLine> lines_;
   int columns_;
 };
@@ -137,9 +127,11 @@ void DrawLegend(const Program& program, int win_no, Surface& graph, double width
   const std::vector<const GraphSlot*> shown = ShownGraphs(program, win_no);
   if (shown.empty()) return;
   graph.SetFontSize(kTextPoints);
+  const double room = std::max(width - kLegendSample - 5 * kLegendMargin, 0.0);
   double text_width = 0;
-  for (const GraphSlot* slot : shown)
-    text_width = std::max(text_width, graph.TextWidth(slot->Title));
+  for (const GraphSlot* slot : shown) {
+    text_width = std::max(text_width, graph.TextWidth(FittingText(graph, slot->Title, room)));
+  }
   const double line = graph.TextHeight() * kLineGap;
   const double right = width - kLegendMargin;
   const double left = right - text_width - kLegendSample - 3 * kLegendMargin;
@@ -152,7 +144,8 @@ void DrawLegend(const Program& program, int win_no, Surface& graph, double width
     const double middle = y + graph.TextHeight() / 2;
     graph.Box({left + kLegendMargin, middle - 1},
               {left + kLegendMargin + kLegendSample, middle + 1}, slot->Color, 1);
-    graph.Text({left + kLegendSample + 2 * kLegendMargin, y}, slot->Title, colors[kColorAxis]);
+    graph.Text({left + kLegendSample + 2 * kLegendMargin, y}, FittingText(graph, slot->Title, room),
+               colors[kColorAxis]);
     y += line;
   }
 }

@@ -359,6 +359,16 @@ TEST(PrintFrame, NamesTheCountAxisAndTheGraph) {
   EXPECT_EQ(page.Boxes().size(), 4u);
 }
 
+// Characters are 8 pixels wide.
+TEST(PrintFrame, ATitleWiderThanTheGraphIsCut) {
+  RecordingSurface page;
+  const PrintFrame frame = DrawPrintFrame(page, std::string(300, 't'), kInk);
+  const Stroke title = page.Texts().back();
+  EXPECT_GE(title.from.x, frame.plot.x);
+  EXPECT_LE(title.text.size() * 8.0, frame.plot.width);
+  EXPECT_GT(title.text.size() * 8.0, frame.plot.width - 8);
+}
+
 TEST(PrintFrame, ATinyPageHasAnEmptyGraph) {
   SmallPanel page(20, 20);
   const PrintFrame frame = DrawPrintFrame(page, "title", kInk);

@@ -300,6 +300,15 @@ TEST_F(WindowPageTest, UnitAxisEndsWithTheLastChannelOfAPictureAndBehindItOnPape
   EXPECT_THAT(Printed().Texts(), Contains("1001"));
 }
 
+TEST_F(WindowPageTest, NamesTooLongForThePictureAreCutAtItsEdge) {
+  Show({1, 2, 3}, std::string(300, 'b'));
+  const RecordingPage page = Drawn();
+  const auto& legend = page.parts.back();
+  for (const Stroke& stroke : legend.strokes) EXPECT_GE(stroke.from.x, 0) << stroke.text;
+  EXPECT_GT(legend.strokes.back().text.size(), 50u);
+  EXPECT_LT(legend.strokes.back().text.size(), 300u);
+}
+
 TEST_F(WindowPageTest, AHiddenCurveIsNotNamed) {
   Show({1, 2, 3}, "b.npd");
   workspace.Slots[1].Disp = kFalse;
