@@ -66,6 +66,13 @@ std::optional<std::string> ReadTime(std::string_view text) {
   return TwoDigits(*hour) + TwoDigits(*minute) + TwoDigits(*second);
 }
 
+// NULs, with which other programs fill a field that is empty, show as blanks.
+std::string Shown(std::string_view bytes) {
+  std::string blank(bytes);
+  std::replace(blank.begin(), blank.end(), '\0', ' ');
+  return FromCodePage(blank);
+}
+
 void StartTool(const Program& program, Launcher& launcher) {
   std::string directory = program.directory;
   if (directory.ends_with('/') || directory.ends_with('\\')) directory.pop_back();
@@ -91,14 +98,14 @@ bool WriteLabelFile(Program& program, int data_no) {
 
 std::string DateText(const FixedText<8>& date) {
   const std::string_view digits = date.Bytes();
-  return FromCodePage(digits.substr(0, 4)) + "/" + FromCodePage(digits.substr(4, 2)) + "/" +
-         FromCodePage(digits.substr(6, 2));
+  return Shown(digits.substr(0, 4)) + "/" + Shown(digits.substr(4, 2)) + "/" +
+         Shown(digits.substr(6, 2));
 }
 
 std::string TimeText(const FixedText<6>& time) {
   const std::string_view digits = time.Bytes();
-  return FromCodePage(digits.substr(0, 2)) + ":" + FromCodePage(digits.substr(2, 2)) + "." +
-         FromCodePage(digits.substr(4, 2));
+  return Shown(digits.substr(0, 2)) + ":" + Shown(digits.substr(2, 2)) + "." +
+         Shown(digits.substr(4, 2));
 }
 
 bool TakeNumber(double& field, double value) {

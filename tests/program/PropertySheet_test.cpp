@@ -47,6 +47,19 @@ TEST(PropertySheet, BlankDateAndTimeShowTheirBlanks) {
   EXPECT_EQ(TimeText(FixedText<6>()), "  :  .  ");
 }
 
+TEST(PropertySheet, DateAndTimeOfNulsShowBlanksAndStayAsTheyAre) {
+  FixedText<8> date;
+  date.Raw().fill('\0');
+  FixedText<6> time;
+  time.Raw().fill('\0');
+  EXPECT_EQ(DateText(date), "    /  /  ");
+  EXPECT_EQ(TimeText(time), "  :  .  ");
+  EXPECT_FALSE(TakeDate(date, "    /  /  "));
+  EXPECT_FALSE(TakeTime(time, "  :  .  "));
+  EXPECT_EQ(date.Bytes(), std::string(8, '\0'));
+  EXPECT_EQ(time.Bytes(), std::string(6, '\0'));
+}
+
 // Writes down what happens, and lets the files of the label tool lie in a folder of the test.
 class LabelFiles : public SystemFileLayer {
  public:
