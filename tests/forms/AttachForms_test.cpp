@@ -106,6 +106,21 @@ TEST_F(AttachFormsTest, ThePeaksColoursOpenTheTableAtTheirMark) {
   Menu("mnuColor").Choose();
 }
 
+TEST_F(AttachFormsTest, TheDefaultPropertiesShowOnTheMainForm) {
+  AttachSettings(form, program, setting, disp_para, colors);
+  host.ExpectModal([this](Form&) {
+    disp_para.chkCnst[1].SetChecked(true);
+    disp_para.ImConst[0].Type("0.5");
+    disp_para.ImConst[1].Type("0.125");
+    disp_para.ImConst[2].Type("0.25");
+    disp_para.imnAngle.Type("6.5");
+    disp_para.cmdOk.Press();
+  });
+  Menu("mnuDispPara").Choose();
+  EXPECT_EQ(form.calibration.lblEGC[0].Caption(), "0.500000Ch^2+0.125000Ch+0.250000");
+  EXPECT_EQ(form.calibration.txt2Theta[0].Text(), "6.500000");
+}
+
 TEST_F(AttachFormsTest, TheProgramTakesTheColoursAfterOkAlone) {
   AttachSettings(form, program, setting, disp_para, colors);
   const auto data_no = ShowSpectrum();

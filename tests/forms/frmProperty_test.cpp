@@ -117,6 +117,35 @@ TEST_F(frmPropertyTest, ShowsTheSelectedRowOfTheRealWindow) {
   Look([this] { EXPECT_EQ(property.txtSampName.Text(), "MgO"); });
 }
 
+TEST_F(frmPropertyTest, OfTwoWindowsTheActiveOneShowsAndSavesItsGraph) {
+  const SpectrumRec first = Record();
+  ShowSpectrum("b.xbm");
+  ChgValue_chkGrp(list, 1, 1, true);
+  Change_cboGrphSel(list, 0, 0);
+  Change_cboGrphSel(list, 1, 1);
+  ChangeActiveWin(list, 1);
+  dialogs.ExpectQuestion(kQuestion, true);
+  dialogs.ExpectSave(folder.Path("c.xbm"));
+  Work([this] {
+    EXPECT_EQ(property.txtSampName.Text(), "");
+    property.txtSampName.SetText("NaCl");
+    property.cmdOk.Press();
+  });
+  EXPECT_EQ(Record(), first);
+  EXPECT_EQ(workspace.Spectra[Row(1).DataNo].SampName.Text(), "NaCl");
+  EXPECT_EQ(workspace.Spectra[Row(1).DataNo].MsuName.Text(), "c");
+}
+
+TEST_F(frmPropertyTest, InPileUpStyleItIsTheGraphOfTheFirstWindow) {
+  ShowSpectrum("b.xbm");
+  ChgValue_chkGrp(list, 1, 1, true);
+  Change_cboGrphSel(list, 0, 0);
+  Change_cboGrphSel(list, 1, 1);
+  view.PileUpOn = kTrue;
+  ChangeActiveWin(list, 1);
+  Look([this] { EXPECT_EQ(property.txtSampName.Text(), "MgO"); });
+}
+
 TEST_F(frmPropertyTest, CaptionsOfTheGroups) {
   EXPECT_EQ(property.Caption(), "Property");
   EXPECT_EQ(property.fraSample.Caption(), "1. Sample Infomation");
@@ -246,6 +275,15 @@ TEST_F(frmPropertyTest, SlitBoxShowsNegativeNumbersInParenthesesAndZeroAsNothing
   });
 }
 
+TEST_F(frmPropertyTest, EverySlitBoxHasThePictureOfASlitAndNoOtherBoxHas) {
+  std::vector<std::string> slits;
+  for (const NumberBox* box : Boxes()) {
+    if (box->NumberPicture() == "#0.000;(#0.000);Nothing") slits.push_back(box->Name());
+  }
+  EXPECT_THAT(slits, ElementsAre("imnInV", "imnInH", "imnInX", "imnInZ", "imnInTY", "imnReV",
+                                 "imnReH", "imnReX", "imnReZ", "imnReTY"));
+}
+
 TEST_F(frmPropertyTest, SlitBoxTakesWhatItShows) {
   Save([this] {
     property.imnInV.Type("(2.5)");
@@ -267,6 +305,17 @@ TEST_F(frmPropertyTest, KelvinOfTheSpectrumAreShown) {
   Look([this] { EXPECT_EQ(property.imnTempK.Text(), "200.00"); });
   Prop().Temp = 0;
   Look([this] { EXPECT_EQ(property.imnTempK.Text(), "273.15"); });
+}
+
+TEST_F(frmPropertyTest, KelvinOfZeroDegreesAreShownAtTheFirstOpeningToo) {
+  Prop().Temp = 0;
+  Look([this] { EXPECT_EQ(property.imnTempK.Text(), "273.15"); });
+}
+
+TEST_F(frmPropertyTest, TypedKelvinThatWereLeftAreGoneAtTheNextOpening) {
+  Prop().Temp = 27;
+  Look([this] { property.imnTempK.Type("5"); });
+  Look([this] { EXPECT_EQ(property.imnTempK.Text(), "300.15"); });
 }
 
 TEST_F(frmPropertyTest, TypedKelvinAreMeantToChangeNothingElseThoughTheyAsk) {
@@ -341,6 +390,30 @@ TEST_F(frmPropertyTest, CountUpTakesTheNextName) {
 TEST_F(frmPropertyTest, CountUpCountsAsAChange) {
   Save([this] { property.cmdIndent.Press(); });
   EXPECT_EQ(Record().MsuName.Text(), "run000100");
+}
+
+TEST_F(frmPropertyTest, CountUpThatLeavesTheNameIsNoChange) {
+  Record().MsuName.Set("abc");
+  Work([this] {
+    property.cmdIndent.Press();
+    EXPECT_EQ(property.txtMsuName.Text(), "abc");
+    property.cmdOk.Press();
+  });
+  EXPECT_EQ(Row(0).State, kRowSaved);
+}
+
+TEST_F(frmPropertyTest, NextNameLongerThanItsFieldIsNotTakenAlsoWithDoubleByteCharacters) {
+  // 29 double-byte characters and six digits fill the 64 bytes of the field.
+  std::string kana;
+  for (int i = 0; i < 29; ++i) kana += "ア";
+  Record().MsuName.Set(kana + "999999");
+  Look([&] {
+    property.cmdIndent.Press();
+    EXPECT_EQ(property.txtMsuName.Text(), kana + "999999");
+    property.txtMsuName.SetText(kana + "999998");
+    property.cmdIndent.Press();
+    EXPECT_EQ(property.txtMsuName.Text(), kana + "999999");
+  });
 }
 
 TEST_F(frmPropertyTest, SaveWithUntouchedBoxesChangesNothingAndDoesNotAsk) {
@@ -471,6 +544,27 @@ TEST_F(frmPropertyTest, YesSavesTheFileWithTheNewValues) {
   EXPECT_EQ(read.SampName.Text(), "NaCl");
   EXPECT_EQ(read.Prop.TwoTheta, 6.0001);
   EXPECT_EQ(read.MsuName.Text(), "b");
+}
+
+TEST_F(frmPropertyTest, DerivedGraphIsSavedAsItselfAndItsSourceStays) {
+  const SpectrumRec source = Record();
+  Menu("mnuSmooth").Choose();
+  ASSERT_THAT(Titles(), ElementsAre("Smooth", "a.xbm"));
+  const std::int16_t source_state = Row(1).State;
+  dialogs.ExpectQuestion(kQuestion, true);
+  dialogs.ExpectSave(folder.Path("b.xbm"));
+  Work([this] {
+    EXPECT_EQ(property.txtSampName.Text(), "MgO");
+    property.txtSampName.SetText("NaCl");
+    property.cmdOk.Press();
+  });
+  EXPECT_EQ(dialogs.LastRequest().file_name, "a_SMT");
+  EXPECT_THAT(Titles(), ElementsAre("Smooth", "a.xbm"));
+  EXPECT_EQ(Record().SampName.Text(), "NaCl");
+  EXPECT_EQ(Record().MsuName.Text(), "b");
+  EXPECT_EQ(FlagsOf(0), FlagSmooth);
+  EXPECT_EQ(workspace.Spectra[Row(1).DataNo], source);
+  EXPECT_EQ(Row(1).State, source_state);
 }
 
 TEST_F(frmPropertyTest, CancelledOrFailedSaveKeepsTheValuesAndCloses) {

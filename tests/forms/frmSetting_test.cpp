@@ -254,6 +254,16 @@ TEST_F(frmSettingTest, SetDefaultCountsWithoutOkAsMeant) {
   EXPECT_EQ(Settings(), AnalysisSettings{});
 }
 
+TEST_F(frmSettingTest, SetDefaultOfTheExpressFamilyCountsForTheHiddenBoxesToo) {
+  workspace.ExpressFit = 1;
+  Settings() = {5, 12.5, 0.3, 0.0125};
+  Work([this] {
+    form.cmdDefault.Press();
+    form.cmdOk.Press();
+  });
+  EXPECT_EQ(Settings(), AnalysisSettings{});
+}
+
 TEST_F(frmSettingTest, SetDefaultDoesNotTouchThresholdSmoothingAndBackground) {
   Fit().SmoothKind = 2;
   Fit().PeakThres = 7;

@@ -124,6 +124,19 @@ TEST_F(PeakCommandsTest, TheFittedBackgroundHasNoSlope) {
   }
 }
 
+// Four coefficients of a single shape, five of the mixed one: the last is the background.
+TEST_F(PeakCommandsTest, TheConstantBackgroundIsFittedAlsoOfTheMixedShape) {
+  for (const std::int16_t type : {kGauss, kMix}) {
+    const auto data_no = Show(Spectrum(300, 100, {{20000, 150, 6}}), std::to_string(type));
+    Enter(data_no, {19000, 150, 5}, 120, 180);
+    workspace.FitParam.FuncType = type;
+    view.CursorCh = 150;
+    FitPeak(program, 0);
+    EXPECT_NEAR(Table(data_no).Peaks[0].BackConst, 100, 1) << type;
+    EXPECT_NEAR(Table(data_no).Peaks[0].Height, 20000, 20) << type;
+  }
+}
+
 TEST_F(PeakCommandsTest, TheFitCurveInheritsRecordAndFlags) {
   const auto data_no = Show(Spectrum(300, 100, {{20000, 150, 3}}));
   workspace.Spectra[data_no].SampName.Set("MgO");
