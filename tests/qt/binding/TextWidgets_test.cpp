@@ -170,13 +170,22 @@ TEST_F(TextWidgets, EscapeTakesATypedNumberBack) {
   EXPECT_EQ(*changes, 0);
 }
 
-TEST_F(TextWidgets, HidingTheWindowTakesATypedNumberBack) {
-  form.imnAngle.SetValue(2);
+TEST_F(TextWidgets, HidingTheWindowEndsTheEditOfTheFocusedBox) {
   TypeOver(Of(form.imnAngle), "45");
   form.Hide();
-  form.Show();
-  EXPECT_EQ(Find<QLineEdit>("imnAngle")->text(), "2.000");
+  EXPECT_EQ(form.imnAngle.Value(), 45);
+}
+
+// The window was not the active one, so that the box has never been left.
+TEST_F(TextWidgets, NumberThatWasNeverHandedOverIsGoneTheNextTime) {
+  form.imnAngle.SetValue(2);
+  auto* edit = Find<QLineEdit>("imnAngle");
   Of(form.cmdOk)->setFocus();
+  edit->selectAll();
+  QTest::keyClicks(edit, "45");
+  form.Hide();
+  form.Show();
+  EXPECT_EQ(edit->text(), "2.000");
   EXPECT_EQ(form.imnAngle.Value(), 2);
 }
 
