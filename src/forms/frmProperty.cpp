@@ -65,8 +65,12 @@ constexpr std::array kCoefficients{&frmProperty::imnEneCalA, &frmProperty::imnEn
 
 }  // namespace
 
-frmProperty::frmProperty(Program& program, FormHost& host, Launcher& launcher)
-    : Form(host, "frmProperty", "Property"), program_(program), launcher_(launcher) {
+frmProperty::frmProperty(Program& program, FormHost& host, Launcher& launcher,
+                         std::string tool_directory)
+    : Form(host, "frmProperty", "Property"),
+      program_(program),
+      launcher_(launcher),
+      tool_directory_(std::move(tool_directory)) {
   imnDeadTime.SetReadOnly(true);
   ConnectBoxes();
   cmdIndent.Click.Connect([this] { cmdIndent_Click(); });
@@ -150,7 +154,7 @@ void frmProperty::cmdOk_Click() {
 void frmProperty::cmdLabelPrint_Click() {
   RunGuarded(program_, [this](Program& program) {
     TakeOver();
-    LabelPrint(program, launcher_, data_no_);
+    LabelPrint(program, launcher_, tool_directory_, data_no_);
   });
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "forms/ControlArray.h"
 #include "forms/Controls.h"
@@ -15,8 +16,8 @@ namespace dorvane {
 // field as it is, to the last bit.
 class frmProperty : public Form {
  public:
-  // All of them outlive the form.
-  frmProperty(Program& program, FormHost& host, Launcher& launcher);
+  // All of them outlive the form. The label tool lies in `tool_directory`, beside the program.
+  frmProperty(Program& program, FormHost& host, Launcher& launcher, std::string tool_directory);
 
   // Shows the properties of the selected row in the real window until the form is closed. Without a
   // graph: nothing.
@@ -137,6 +138,7 @@ class frmProperty : public Form {
 
   Program& program_;
   Launcher& launcher_;
+  const std::string tool_directory_;
   int data_no_ = 0;
   std::int16_t PropChanged = kFalse;  // -1 from the first change of a box on
 };

@@ -73,8 +73,7 @@ std::string Shown(std::string_view bytes) {
   return FromCodePage(blank);
 }
 
-void StartTool(const Program& program, Launcher& launcher) {
-  std::string directory = program.directory;
+void StartTool(Launcher& launcher, std::string directory) {
   if (directory.ends_with('/') || directory.ends_with('\\')) directory.pop_back();
   if (!launcher.Start(directory.append(kLabelTool))) throw Fault(FaultCode::FileNotFound);
 }
@@ -148,9 +147,10 @@ void ShowProperties(Program& program, int data_no) {
   listener.CursorMoved();
 }
 
-void LabelPrint(Program& program, Launcher& launcher, int data_no) {
+void LabelPrint(Program& program, Launcher& launcher, const std::string& tool_directory,
+                int data_no) {
   try {
-    StartTool(program, launcher);
+    StartTool(launcher, tool_directory);
     DeleteLabelFile(program.ports.files);
   } catch (const Fault&) {
     program.ports.dialogs.Message(kLabelError);

@@ -11,7 +11,7 @@
 
 namespace dorvane {
 
-// The label tool, behind the program's directory without its closing slash.
+// The label tool, behind the directory that it lies in without its closing slash.
 constexpr std::string_view kLabelTool = "\\DorvaneLabelPrint.exe";
 // The file that the label tool waits for.
 constexpr const char* kLabelFile = "c:\\LBL_TEMP\\Label_Temp.xbm";
@@ -41,11 +41,12 @@ std::string CountUp(const std::string& name);
 // them.
 void ShowProperties(Program& program, int data_no);
 
-// Starts the label tool, deletes the label file of before and writes the spectrum to it. A failure
-// of the writer ends in "Failed Create Label File!", any other in "Label Print error", after which
-// nothing more is done.
-// KEPT: the tool is started before there is a file for it; it waits for the file by its own means.
-void LabelPrint(Program& program, Launcher& launcher, int data_no);
+// Starts the label tool of `tool_directory`, deletes the label file of before and writes the
+// spectrum to it. A failure of the writer ends in "Failed Create Label File!", any other in "Label
+// Print error", after which nothing more is done. KEPT: the tool is started before there is a file
+// for it; it waits for the file by its own means.
+void LabelPrint(Program& program, Launcher& launcher, const std::string& tool_directory,
+                int data_no);
 
 template <std::size_t Size>
 bool TakeText(FixedText<Size>& field, std::string_view text) {

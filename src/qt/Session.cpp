@@ -57,7 +57,7 @@ Session::Session(const Places& places, SettingsStore& settings)
       printing(program, print, preview, printer),
       picture(program, host, pictures, settings),
       peak_report(program, host, printing),
-      property(program, host, launcher),
+      property(program, host, launcher, places.shipped),
       result_directory(program, host, settings),
       setting(program, host),
       disp_para(program, host),

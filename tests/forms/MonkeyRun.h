@@ -45,7 +45,7 @@ class MonkeyRun {
         fit_input(*program, outside.host),
         atom(*program, outside.host, elements, outside.settings, line_marks),
         arithmetic(*program, outside.host),
-        property(*program, outside.host, outside.launcher),
+        property(*program, outside.host, outside.launcher, program->directory),
         lattice(*program, outside.host, outside.settings, line_marks),
         result_directory(*program, outside.host, outside.settings),
         setting(*program, outside.host),

@@ -125,10 +125,10 @@ class LabelPrintTest : public testing::Test {
     workspace.Channels[3].Count = 3;
     workspace.Channels[3].Counts[1] = 77;
   }
-  void Print() { LabelPrint(*program, tool, 3); }
+  void Print() { LabelPrint(*program, tool, "c:/tools/", 3); }
   bool Written() const { return folder.Has("Label_Temp.xbm"); }
 
-  const std::string kStarted = "start c:/dorvane\\DorvaneLabelPrint.exe";
+  const std::string kStarted = "start c:/tools\\DorvaneLabelPrint.exe";
   TemporaryFolder folder;
   std::vector<std::string> steps;
   LabelFiles files{folder, steps};
