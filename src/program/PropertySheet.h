@@ -43,8 +43,8 @@ void ShowProperties(Program& program, int data_no);
 
 // Starts the label tool of `tool_directory`, deletes the label file of before and writes the
 // spectrum to it. A failure of the writer ends in "Failed Create Label File!", any other in "Label
-// Print error", after which nothing more is done. KEPT: the tool is started before there is a file
-// for it; it waits for the file by its own means.
+// Print error", after which nothing more is done.
+// KEPT: the tool is started before there is a file for it; it waits for the file by its own means.
 void LabelPrint(Program& program, Launcher& launcher, const std::string& tool_directory,
                 int data_no);
 
