@@ -75,16 +75,20 @@ void AttachArithmetic(frmDorvane& main, frmGrpCalc& arithmetic) {
 }
 
 void AttachPeakReport(frmDorvane& main, frmPeakReport& report) {
-  main.Attach("Report", report, [&report] { report.Open(0); });
+  main.Attach("Report", report,
+              [&main, &report] { main.ForAGraph([&report] { report.Open(0); }); });
 }
 
 void AttachPrinting(frmDorvane& main, frmPrint& print, Printing& printing) {
-  main.Attach("Printer", print, [&printing] { printing.PrintWindow(); });
+  main.Attach("Printer", print,
+              [&main, &printing] { main.ForAGraph([&printing] { printing.PrintWindow(); }); });
 }
 
 void AttachPicture(frmDorvane& main, frmPicture& picture) {
-  main.Attach("mnuSavePicture", picture, [&picture] { picture.Open(); });
-  main.commands.Bind("mnuCopyPicture", [&picture] { picture.Copy(); });
+  main.Attach("mnuSavePicture", picture,
+              [&main, &picture] { main.ForAGraph([&picture] { picture.Open(); }); });
+  main.commands.Bind("mnuCopyPicture",
+                     [&main, &picture] { main.ForAGraph([&picture] { picture.Copy(); }); });
 }
 
 void AttachSettings(frmDorvane& main, Program& program, frmSetting& setting, frmDispPara& disp_para,
@@ -97,7 +101,8 @@ void AttachSettings(frmDorvane& main, Program& program, frmSetting& setting, frm
 }
 
 void AttachProperty(frmDorvane& main, frmProperty& property) {
-  main.Attach("Property", property, [&property] { property.Open(); });
+  main.Attach("Property", property,
+              [&main, &property] { main.ForAGraph([&property] { property.Open(); }); });
 }
 
 void AttachLattice(frmDorvane& main, const Program& program, frmPeakCal& lattice) {

@@ -14,6 +14,7 @@
 namespace dorvane {
 namespace {
 
+constexpr const char* kNoGraph = "Open a spectrum first: Ctrl+O";
 constexpr const char* kNotOpened =
     "Not opened: leave the calibration by \"Exit\" first, or use its \"File Open\"";
 
@@ -85,6 +86,11 @@ bool frmDorvane::Form_KeyDown(FormKey key, KeyModifier modifier, Control* focuse
 void frmDorvane::Drop(const std::vector<std::string>& paths) {
   if (paths.empty() || !MayOpen()) return;
   work_.Do([&](Program&) { OpenBy([&](Program& program) { LoadData(program, paths); }); });
+}
+
+void frmDorvane::ForAGraph(const std::function<void()>& run) {
+  if (program_.workspace.GrpCount == 0) return status.Refuse(kNoGraph);
+  run();
 }
 
 bool frmDorvane::MayOpen() {

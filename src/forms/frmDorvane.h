@@ -36,6 +36,8 @@ class frmDorvane : public Form, public WorkspaceListener {
   bool Form_Load(const std::string& start_directory);
   // Another form that a command opens; it is hidden when the program ends.
   void Attach(std::string_view command, Form& form, std::function<void()> open);
+  // For commands that have no use without a graph: the status line says so where none is open.
+  void ForAGraph(const std::function<void()>& run);
   // True when the form has taken the key; `focused` is nullptr when no control has the focus.
   bool Form_KeyDown(FormKey key, KeyModifier modifier, Control* focused);
   // Files dropped on the form are opened in place of what is there. A range that shows the whole of

@@ -7,6 +7,7 @@
 #include "forms/FakeElementStore.h"
 #include "forms/FakePrinter.h"
 #include "forms/MainFormFixture.h"
+#include "forms/RecordingPictures.h"
 
 namespace dorvane {
 namespace {
@@ -213,6 +214,27 @@ TEST_F(AttachFormsTest, HklOpensTheLatticeFormForTheCurrentGraph) {
   dialogs.ExpectSave({});
   form.tool_bars.tlbrOperation.Press("hkl");
   EXPECT_THAT(host.Shown(), testing::ElementsAre("frmPeakCal"));
+}
+
+TEST_F(AttachFormsTest, WhatNeedsAGraphSaysSoInTheStatusLineWithoutOne) {
+  RecordingPictures pictures;
+  frmProperty property(program, host, launcher);
+  frmPrint print(program, host, settings);
+  frmPreView preview(host);
+  Printing printing(program, print, preview, printer);
+  frmPicture picture(program, host, pictures, settings);
+  frmPeakReport report(program, host, printing);
+  AttachProperty(form, property);
+  AttachPrinting(form, print, printing);
+  AttachPicture(form, picture);
+  AttachPeakReport(form, report);
+  for (const char* entry :
+       {"mnuProperty", "mnuPrint", "mnuSavePicture", "mnuCopyPicture", "mnuPeakReport"}) {
+    form.status.Refuse("");
+    Menu(entry).Choose();
+    EXPECT_EQ(form.status.lblHint.Caption(), "Open a spectrum first: Ctrl+O") << entry;
+  }
+  EXPECT_THAT(host.Shown(), testing::IsEmpty());
 }
 
 TEST_F(AttachFormsTest, ReportOpensThePeakReportFromBothToolBarsAndTheMenu) {
