@@ -116,9 +116,8 @@ struct Draft {
   double shown_value = 0;
 };
 
-// Escape takes back what is typed, and goes on to whoever else has a use for it; so does hiding the
-// window before it has been handed over. The control may be gone by then, so that the old value
-// shows when the window does.
+// Escape takes back what is typed, and goes on to whoever else has a use for it. What has not been
+// handed over when the window is hidden is gone when it is shown again.
 class NumberEdit : public QLineEdit {
  public:
   NumberEdit(QWidget* parent, std::shared_ptr<Draft> draft, std::function<void()> take_back)
@@ -129,23 +128,14 @@ class NumberEdit : public QLineEdit {
     if (event->key() == Qt::Key_Escape) take_back_();
     QLineEdit::keyPressEvent(event);
   }
-  void hideEvent(QHideEvent* event) override {
-    if (!event->spontaneous() && draft_->typed) {
-      draft_->typed = false;
-      out_of_date_ = true;
-    }
-    QLineEdit::hideEvent(event);
-  }
   void showEvent(QShowEvent* event) override {
-    if (out_of_date_) take_back_();
-    out_of_date_ = false;
+    if (!event->spontaneous() && draft_->typed) take_back_();
     QLineEdit::showEvent(event);
   }
 
  private:
   std::shared_ptr<Draft> draft_;
   std::function<void()> take_back_;
-  bool out_of_date_ = false;  // its text is one that was taken back
 };
 
 }  // namespace

@@ -13,7 +13,8 @@ namespace dorvane {
 QWidget* MakeTextWidget(TextBox& control, QWidget* parent);
 
 // What is typed counts from Enter on or when the focus goes; until then a change from code leaves
-// it alone unless the value itself has changed, and Escape, or hiding the window, takes it back.
+// it alone unless the value itself has changed, and Escape, or the next time the window is shown,
+// takes it back.
 QWidget* MakeNumberWidget(NumberBox& control, QWidget* parent);
 
 }  // namespace dorvane
