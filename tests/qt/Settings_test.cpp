@@ -265,7 +265,7 @@ TEST_F(SettingsTest, AColourOfThePaletteIsTakenAndTheGraphIsDrawnInIt) {
   auto* graph = Find<QWidget>("picGraph_0");
   const QImage before = graph->grab().toImage();
   Work("mnuColor", session->colors, [this] {
-    EXPECT_TRUE(Of<>("cmdColor_0")->hasFocus());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Of<>("cmdColor_0")->hasFocus(); }));
     WorkColor("cmdColor_0", [this] {
       Press("picColor_19");
       Press("cmdOk");
@@ -291,7 +291,7 @@ TEST_F(SettingsTest, CancelOfTheTableChangesNoColour) {
 
 TEST_F(SettingsTest, PeakColoursOpenWithTheFocusOnTheMarkOfThePeaks) {
   Work("mnuPeakColor", session->colors, [this] {
-    EXPECT_TRUE(Of<>("cmdColor_13")->hasFocus());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Of<>("cmdColor_13")->hasFocus(); }));
     WorkColor("cmdColor_13", [this] {
       Of<>("vsbRed")->setFocus();
       QTest::keyClick(Of<>("vsbRed"), Qt::Key_End);
