@@ -218,7 +218,7 @@ TEST_F(AttachFormsTest, HklOpensTheLatticeFormForTheCurrentGraph) {
 
 TEST_F(AttachFormsTest, WhatNeedsAGraphSaysSoInTheStatusLineWithoutOne) {
   RecordingPictures pictures;
-  frmProperty property(program, host, launcher);
+  frmProperty property(program, host, launcher, "");
   frmPrint print(program, host, settings);
   frmPreView preview(host);
   Printing printing(program, print, preview, printer);
