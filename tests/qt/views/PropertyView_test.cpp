@@ -31,7 +31,7 @@ class PropertyView : public ProgramTest {
 
   QtFormHost host;
   NoLauncher launcher;
-  frmProperty form{program, host, launcher};
+  frmProperty form{program, host, launcher, ""};
   FormViews windows{host};
 };
 
