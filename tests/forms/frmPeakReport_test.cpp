@@ -292,13 +292,13 @@ TEST_F(frmPeakReportTest, TypedValueLosesItsErrorAndNoOther) {
       {frmPeakReport::kFwhmCh, {.Height = 1, .GaussRatio = 2, .Center = 4}},
       {frmPeakReport::kGaussPercent, {.Height = 1, .HalfWidth = 3, .Center = 4}}};
   const PeakTable before = Table();
-  for (const auto& [column, errors] : left) {
+  for (const auto& typed : left) {
     Table() = before;
-    Work([this, column] {
-      Type(1, column, "50");
+    Work([this, &typed] {
+      Type(1, typed.first, "50");
       form.cmdPkSet.Press();
     });
-    EXPECT_EQ(Table().Peaks[0].Errors, errors) << column;
+    EXPECT_EQ(Table().Peaks[0].Errors, typed.second) << typed.first;
   }
 }
 
