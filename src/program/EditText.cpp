@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "processing/Units.h"
+#include "program/PropertySheet.h"
 #include "support/NumberText.h"
 
 namespace dorvane {
@@ -32,15 +33,14 @@ std::string PeakLine(const Workspace& workspace, const PeakRec& peak, const Meas
   return line + (peak.FitEngine != kEngineNax ? "E" : "N");
 }
 
-// "20040105" as "2004/01/05"; a date that isn't whole stays as it is.
-std::string DateText(const FixedText<8>& date) {
+// A date that isn't whole stays as it is.
+std::string PrintedDate(const FixedText<8>& date) {
   const std::string text = date.Text();
-  if (text.size() != 8) return text;
-  return text.substr(0, 4) + "/" + text.substr(4, 2) + "/" + text.substr(6);
+  return text.size() == date.Bytes().size() ? DateText(date) : text;
 }
 
 // "093015" as "09:30:15"; the same for a time.
-std::string TimeText(const FixedText<6>& time) {
+std::string PrintedTime(const FixedText<6>& time) {
   const std::string text = time.Text();
   if (text.size() != 6) return text;
   return text.substr(0, 2) + ":" + text.substr(2, 2) + ":" + text.substr(4);
@@ -76,8 +76,8 @@ std::array<PropLine, kPropLines> BuildPropLines(const Workspace& workspace, int 
   const MeasProp& prop = record.Prop;
   return {{{"Measurement Name ", record.MsuName.Text()},
            {"Sample Name      ", record.SampName.Text()},
-           {"Operation Date   ", DateText(record.OpDate)},
-           {"Start Time       ", TimeText(record.OpTime)},
+           {"Operation Date   ", PrintedDate(record.OpDate)},
+           {"Start Time       ", PrintedTime(record.OpTime)},
            {"Operater Name    ", record.OpName.Text()},
            {"Comment          ", record.Memo.Text()},
            {"Real Time (Sec)  ", Picture(prop.RealTime, "#####0.00")},
