@@ -177,7 +177,7 @@ TEST_F(FileDorvaneTest, PeaksAreSeventyBytesEach) {
   ASSERT_EQ(ReadWithPeaks(image), -1);
   EXPECT_EQ(peaks_.Count, 2);
   EXPECT_EQ(peaks_.Peaks[0], PeakRec());
-  const PeakRec expected{-1, 3, 0.5, 1.5, 2.5, 3.5, 4.5, 5.5, 90, 110, 9500.0, -99, 1};
+  const PeakRec expected{-1, 3, 0.5, 1.5, 2.5, 3.5, 4.5, 5.5, 90, 110, 9500.0, -99, 1, {}};
   EXPECT_EQ(peaks_.Peaks[1], expected);
 }
 

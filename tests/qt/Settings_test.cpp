@@ -15,7 +15,7 @@ class SettingsTest : public WindowTest {
   // Opens a dialog from the menu; `work` works it and closes it.
   void Work(const char* menu, Form& form, const std::function<void()>& work) {
     dialog_ = session->form_views.WindowOf(form);
-    QTimer::singleShot(50, [this, work, window = dialog_] {
+    QTimer::singleShot(50, [work, window = dialog_] {
       ASSERT_TRUE(QTest::qWaitForWindowActive(window));
       work();
       if (window->isVisible()) window->close();
