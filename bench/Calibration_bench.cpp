@@ -2,10 +2,10 @@
 // the calculation alone.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <memory>
 #include <string>
 
+#include "BenchApplication.h"
 #include "batch/BatchPorts.h"
 #include "forms/frmDialogCalibC.h"
 #include "program/EnergyCalibration.h"
@@ -43,15 +43,6 @@ void CalculateAlone(benchmark::State& state) {
   }
 }
 BENCHMARK(CalculateAlone)->ArgName("parabola")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
-
-QApplication& TheApplication() {
-  static char name[] = "bench";
-  static char* argv[] = {name, nullptr};
-  static int argc = 1;
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  static QApplication application(argc, argv);
-  return application;
-}
 
 // The dialog, shown, with its table filled.
 class DialogBench {

@@ -2,11 +2,11 @@
 // on disk, without a window and in one. `matched` beside the time are the lines indexed.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <cmath>
 #include <functional>
 #include <memory>
 
+#include "BenchApplication.h"
 #include "forms/frmPeakCal.h"
 #include "qt/binding/QtFormHost.h"
 #include "qt/views/Views.h"
@@ -63,15 +63,6 @@ class WindowHost : public QtFormHost {
     form.Hide();
   }
 };
-
-QApplication& TheApplication() {
-  static char name[] = "bench";
-  static char* argv[] = {name, nullptr};
-  static int argc = 1;
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  static QApplication application(argc, argv);
-  return application;
-}
 
 // A spectrum with a peak at each line of an orthorhombic crystal, and the form upon it.
 class LatticeBench {
